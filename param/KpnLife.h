@@ -1,0 +1,41 @@
+#pragma once
+
+#include <util/KuoAGuarded.h>
+
+#include <atomic>
+#include <cstdint>
+
+class KpbAParameter;
+
+/// What paths hold of a parameter: whether it lives. Each parameter that has been part of a path has one, shared by all
+/// paths through it and by the parameter itself, and counted without atomics, as a tree is used from one thread at a
+/// time.
+class KpnLife final : public KuoIGuard
+{
+public:
+    explicit KpnLife(KpbAParameter* target) : _target(target) {}
+
+    KpbAParameter* getTarget() const { return _target; }
+    bool diedBy(std::uint64_t deaths) const { return !_target && _diedAs <= deaths; }
+
+    void retain() { ++_references; }
+    void release()
+    {
+        if (--_references == 0)
+            _end();
+    }
+
+    void guardedDestroyed() override;
+
+    /// How many parameters with a life have died in the process.
+    static std::uint64_t deaths() { return _deaths.load(std::memory_order_relaxed); }
+
+private:
+    void _end();
+
+    static std::atomic<std::uint64_t> _deaths;
+
+    KpbAParameter* _target;
+    std::uint64_t _diedAs = 0;
+    int _references = 0;
+};

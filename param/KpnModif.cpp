@@ -1,0 +1,413 @@
+#include "KpnLife.h"
+
+#include <param/KpbAParameter.h>
+#include <param/KpnModif.h>
+#include <param/KpnModifIterator.h>
+
+#include <QtCore/QSet>
+#include <QtCore/QStringList>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+template class KuoAObservable<KpnModif>;
+template class KuoLock<KpnModif>;
+
+KpbAParameter* ObservableTraits<KpnModif>::fromBase(const KuoAObservable<KpnModif>* base)
+{
+    return static_cast<KpbAParameter*>(const_cast<KuoAObservable<KpnModif>*>(base));
+}
+
+/// The entries of a record that has, or had, more than one. Nothing is rechecked while nothing has died, and what a
+/// merge has to drop is dropped when somebody looks, so that merging n records takes time in proportion to n.
+class KpnModif::Many
+{
+public:
+    explicit Many(Entry first) { add(std::move(first)); }
+    // The table of the copy is made when it is needed.
+    Many(const Many& other)
+        : _entries(other._entries),
+          _dropBy(other._dropBy),
+          _droppedBy(other._droppedBy),
+          _hasInvalid(other._hasInvalid),
+          _sorted(other._sorted)
+    {}
+    Many& operator=(const Many&) = delete;
+
+    // Drops what the merges so far have to drop.
+    void settle()
+    {
+        if (_dropBy == _droppedBy)
+            return;
+        _droppedBy = _dropBy;
+        _remove([&](const Entry& entry) { return entry.path.diedBy(_dropBy); });
+    }
+
+    std::vector<Entry>& entries()
+    {
+        settle();
+        return _entries;
+    }
+
+    // To be called before a merge: every entry whose path is dead by now goes.
+    void compress()
+    {
+        if (_hasInvalid) {
+            _hasInvalid = false;
+            _remove([](const Entry& entry) { return !entry.path.isValid(); });
+        }
+        _dropBy = KpnLife::deaths();
+    }
+
+    void add(Entry entry)
+    {
+        const bool valid = entry.path.isValid();
+        if (Entry* known = valid ? _find(entry.path) : _findDead(entry.path)) {
+            known->flags |= entry.flags;
+            return;
+        }
+        _hasInvalid = _hasInvalid || !valid;
+        _sorted = false;
+        _entries.push_back(std::move(entry));
+        if (!_table.empty())
+            _index(_entries.size() - 1);
+    }
+
+    void append(KpbAParameter* parameter)
+    {
+        settle();
+        for (Entry& entry : _entries)
+            entry.path.append(parameter);
+        _remove([](const Entry& entry) { return !entry.path.isValid(); });
+        _hasInvalid = false;
+        _dropBy = _droppedBy = KpnLife::deaths();
+        _sorted = false;
+        _table.clear();
+    }
+
+    void sort()
+    {
+        settle();
+        if (std::exchange(_sorted, true))
+            return;
+        std::sort(_entries.begin(), _entries.end(), [](const Entry& a, const Entry& b) { return a.path < b.path; });
+        _table.clear();
+    }
+
+private:
+    static constexpr std::size_t TableFrom = 8;
+
+    template <class Gone>
+    void _remove(Gone gone)
+    {
+        const auto end = std::remove_if(_entries.begin(), _entries.end(), gone);
+        if (end == _entries.end())
+            return;
+        _entries.erase(end, _entries.end());
+        _table.clear();
+    }
+
+    Entry* _find(const KpnPath& path)
+    {
+        if (_entries.size() <= TableFrom)
+            return _findDead(path);
+        if (_table.empty())
+            _rebuild(_entries.size() * 4);
+        for (std::size_t at = path.hash() & _mask(); _table[at] != 0; at = (at + 1) & _mask()) {
+            Entry& entry = _entries[_table[at] - 1];
+            if (entry.path == path)
+                return &entry;
+        }
+        return nullptr;
+    }
+
+    Entry* _findDead(const KpnPath& path)
+    {
+        const auto found =
+            std::find_if(_entries.begin(), _entries.end(), [&](const Entry& entry) { return entry.path == path; });
+        return found == _entries.end() ? nullptr : &*found;
+    }
+
+    // The table holds places of entries plus one, 0 for none; its size is a power of two, at least twice the entries.
+    std::size_t _mask() const { return _table.size() - 1; }
+    void _rebuild(std::size_t room)
+    {
+        std::size_t size = 32;
+        while (size < room)
+            size *= 2;
+        _table.assign(size, 0);
+        for (std::size_t i = 0; i < _entries.size(); ++i)
+            _place(i);
+    }
+    void _index(std::size_t i)
+    {
+        if (_entries.size() * 2 > _table.size())
+            _rebuild(_entries.size() * 4);
+        else
+            _place(i);
+    }
+    void _place(std::size_t i)
+    {
+        std::size_t at = _entries[i].path.hash() & _mask();
+        while (_table[at] != 0)
+            at = (at + 1) & _mask();
+        _table[at] = std::uint32_t(i + 1);
+    }
+
+    std::vector<Entry> _entries;
+    std::vector<std::uint32_t> _table;
+    // Deaths up to which dead entries have to go, and have gone.
+    quint64 _dropBy = 0;
+    quint64 _droppedBy = 0;
+    // An entry came in that was dead already.
+    bool _hasInvalid = false;
+    bool _sorted = false;
+};
+
+KpnModif::KpnModif() = default;
+
+KpnModif::KpnModif(Flags flags, KpbAParameter* parameter) : _hasSingle(true)
+{
+    _single.path.append(parameter);
+    _single.flags = flags;
+}
+
+KpnModif::KpnModif(Flags flags, const KpnPath& path)
+{
+    if (path.isValid())
+        _insert(Entry{path, flags});
+}
+
+KpnModif::KpnModif(const KpnModif& other)
+    : KuoAObservableModif(other),
+      MbbIDebuggable(other),
+      _single(other._single),
+      _hasSingle(other._hasSingle),
+      _many(other._many)
+{}
+
+KpnModif::KpnModif(KpnModif&& other) noexcept
+    : KuoAObservableModif(other),
+      MbbIDebuggable(other),
+      _single(std::move(other._single)),
+      _hasSingle(std::exchange(other._hasSingle, false)),
+      _many(std::move(other._many)),
+      _map(std::move(other._map))
+{}
+
+KpnModif& KpnModif::operator=(const KpnModif& other)
+{
+    if (this != &other)
+        *this = KpnModif(other);
+    return *this;
+}
+
+KpnModif& KpnModif::operator=(KpnModif&& other) noexcept
+{
+    if (this != &other) {
+        KuoAObservableModif::operator=(other);
+        _single = std::move(other._single);
+        _hasSingle = std::exchange(other._hasSingle, false);
+        _many = std::move(other._many);
+        _map = std::move(other._map);
+    }
+    return *this;
+}
+
+KpnModif::~KpnModif() = default;
+
+KpnModif::Range KpnModif::_entries() const
+{
+    if (_many) {
+        const std::vector<Entry>& entries = _many->entries();
+        return {entries.data(), entries.data() + entries.size()};
+    }
+    return {&_single, &_single + (_hasSingle ? 1 : 0)};
+}
+
+KpnModif::Range KpnModif::_ordered() const
+{
+    if (_many)
+        _many->sort();
+    return _entries();
+}
+
+int KpnModif::getNumberOfModif() const
+{
+    const Range range = _entries();
+    return int(range.end - range.begin);
+}
+
+bool KpnModif::isEmpty() const
+{
+    return getNumberOfModif() == 0;
+}
+
+KpnModif::Many& KpnModif::_detached()
+{
+    if (_many.use_count() > 1)
+        _many = std::make_shared<Many>(*_many);
+    return *_many;
+}
+
+void KpnModif::_changed()
+{
+    _map.reset();
+}
+
+void KpnModif::_insert(const Entry& entry)
+{
+    _changed();
+    if (_many) {
+        _detached().add(entry);
+        return;
+    }
+    if (!_hasSingle) {
+        _single = entry;
+        _hasSingle = true;
+        return;
+    }
+    if (_single.path == entry.path) {
+        _single.flags |= entry.flags;
+        return;
+    }
+    _many = std::make_shared<Many>(std::exchange(_single, Entry{}));
+    _hasSingle = false;
+    _many->add(entry);
+}
+
+void KpnModif::_compress()
+{
+    if (_many) {
+        _detached().compress();
+    }
+    else if (_hasSingle && !_single.path.isValid()) {
+        _single = Entry{};
+        _hasSingle = false;
+    }
+}
+
+void KpnModif::_merge(const KpnModif& other)
+{
+    _changed();
+    _compress();
+    if (&other == this)
+        return;
+    const Range range = other._entries();
+    for (const Entry* entry = range.begin; entry != range.end; ++entry)
+        _insert(*entry);
+}
+
+void KpnModif::append(KpbAParameter* parameter)
+{
+    _changed();
+    if (_many) {
+        _detached().append(parameter);
+    }
+    else if (_hasSingle) {
+        _single.path.append(parameter);
+        _compress();
+    }
+}
+
+namespace {
+
+bool concernsOne(const KpnPath& path, KpnModif::Flags changed, const KpbAParameter* parameter, bool composite,
+                 KpnModif::Flags flags)
+{
+    const bool asOrigin = !composite || flags.testFlag(Kp::NotifyChildren);
+    if (asOrigin && (changed & flags) && path.getFirst() == parameter)
+        return true;
+    return composite && (changed & flags & ~KpnModif::Flags(Kp::NotifyChildren)) && path.contains(parameter);
+}
+
+} // namespace
+
+bool KpnModif::concerns(const KpnPath& path, Flags changed, const KpbAParameter* parameter, Flags flags)
+{
+    return parameter && concernsOne(path, changed, parameter, parameter->hasChildren(), flags);
+}
+
+bool KpnModif::hasModif(const KpbAParameter* parameter, const Flags& flags) const
+{
+    if (!parameter)
+        return false;
+    const bool composite = parameter->hasChildren();
+    const Range range = _entries();
+    return std::any_of(range.begin, range.end, [&](const Entry& entry) {
+        return concernsOne(entry.path, entry.flags, parameter, composite, flags);
+    });
+}
+
+bool KpnModif::hasNotification(const Flags& flags) const
+{
+    const Range range = _entries();
+    return std::any_of(range.begin, range.end, [&](const Entry& entry) { return entry.flags & flags; });
+}
+
+KpnModif::Entry* KpnModif::_firstWith(const KpbAParameter* parameter, Kp::NotificationFlag flag, bool anywhere)
+{
+    if (_many)
+        _detached();
+    const Range range = _ordered();
+    const Entry* found = std::find_if(range.begin, range.end, [&](const Entry& entry) {
+        return entry.flags.testFlag(flag) &&
+               (anywhere ? entry.path.contains(parameter) : entry.path.getFirst() == parameter);
+    });
+    return found == range.end ? nullptr : const_cast<Entry*>(found);
+}
+
+void KpnModif::replaceNotification(const KpbAParameter* parameter, Kp::NotificationFlag oldFlag,
+                                   Kp::NotificationFlag newFlag)
+{
+    if (!parameter)
+        return;
+    const bool composite = parameter->hasChildren();
+    Entry* entry = _firstWith(parameter, oldFlag, composite && oldFlag != Kp::NotifyChildren);
+    if (!entry)
+        return;
+    _changed();
+    entry->flags.setFlag(oldFlag, false);
+    entry->flags.setFlag(newFlag, true);
+}
+
+const QMap<KpnPath, KpnModif::Flags>& KpnModif::getModifs() const
+{
+    if (!_map) {
+        // Paths that died together can compare equal; each keeps its entry.
+        QMultiMap<KpnPath, Flags> map;
+        forEach([&](const KpnPath& path, Flags flags) { map.insert(path, flags); });
+        _map = std::make_unique<QMap<KpnPath, Flags>>(map);
+    }
+    return *_map;
+}
+
+QString KpnModif::debug(int) const
+{
+    QStringList lines;
+    forEach([&](const KpnPath& path, Flags flags) {
+        lines.append(path.toString() + QLatin1Char(':') + QString::number(int(flags)));
+    });
+    return lines.join(QLatin1Char('\n'));
+}
+
+KpnModifIterator::KpnModifIterator(const KpnModif& modif, Kp::NotificationFlags flags, Kp::IterateFlag iterate)
+{
+    QSet<const KpbAParameter*> given;
+    modif.forEach([&](const KpnPath& path, Kp::NotificationFlags changed) {
+        if (!(changed & flags) || !path.isValid())
+            return;
+        if (iterate == Kp::IterateOrigin) {
+            _parameters.append(path.getFirst());
+            return;
+        }
+        for (int i = 0; i < path.count(); ++i) {
+            const KpbAParameter* parameter = path.at(i);
+            const int known = given.size();
+            given.insert(parameter);
+            if (given.size() != known)
+                _parameters.append(parameter);
+        }
+    });
+}

@@ -1,0 +1,62 @@
+#include <param/KpsSerializer.h>
+
+#include <basic/MbbGlobal.h>
+
+namespace {
+
+template <class Number>
+Number toNumber(const QString& text, Number fallback, bool useFallback, Number undefined)
+{
+    Number value;
+    if (MbbGlobal::convertString(text, value))
+        return value;
+    return useFallback ? fallback : undefined;
+}
+
+} // namespace
+
+QString KpsSerializer::fromBool(bool value)
+{
+    return value ? QStringLiteral("yes") : QStringLiteral("no");
+}
+
+QString KpsSerializer::fromInt(int value)
+{
+    return value == MbbGlobal::I32_FFFF ? QString() : QString::number(value);
+}
+
+QString KpsSerializer::fromInt64(qint64 value)
+{
+    return value == MbbGlobal::I64_FFFF ? QString() : QString::number(value);
+}
+
+QString KpsSerializer::fromDouble(double value, char format, int precision)
+{
+    return value == MbbGlobal::D_FFFF ? QString() : QString::number(value, format, precision);
+}
+
+bool KpsSerializer::toBool(const QString& text, bool fallback)
+{
+    if (text == QLatin1String("yes") || text == QLatin1String("True"))
+        return true;
+    if (text == QLatin1String("no") || text == QLatin1String("False"))
+        return false;
+    bool ok = false;
+    const int number = text.toInt(&ok, 10);
+    return ok ? number != 0 : fallback;
+}
+
+int KpsSerializer::toInt(const QString& text, int fallback, bool useFallback)
+{
+    return toNumber(text, fallback, useFallback, MbbGlobal::I32_FFFF);
+}
+
+qint64 KpsSerializer::toInt64(const QString& text, qint64 fallback, bool useFallback)
+{
+    return toNumber(text, fallback, useFallback, MbbGlobal::I64_FFFF);
+}
+
+double KpsSerializer::toDouble(const QString& text, double fallback, bool useFallback)
+{
+    return toNumber(text, fallback, useFallback, MbbGlobal::D_FFFF);
+}

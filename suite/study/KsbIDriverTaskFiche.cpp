@@ -1,0 +1,3 @@
+#include <study/KsbIDriverTaskFiche.h>
+
+KsbIDriverTaskFiche::~KsbIDriverTaskFiche() = default;

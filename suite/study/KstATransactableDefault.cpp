@@ -1,0 +1,10 @@
+#include <study/KstATransactableDefault.h>
+
+KstITransactable::~KstITransactable() = default;
+
+KstATransactableDefault::~KstATransactableDefault() = default;
+
+KssProject* KstATransactableDefault::getProject() const
+{
+    return nullptr;
+}

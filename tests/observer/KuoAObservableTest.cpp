@@ -1,0 +1,631 @@
+#include <observer/KuoAObservable.h>
+#include <observer/KuoLock.h>
+#include <observer/KuoLockObserver.h>
+#include <support/RecordedMessages.h>
+
+#include <functional>
+#include <stdexcept>
+#include <typeinfo>
+
+namespace {
+
+/// A record of another kind than the library's own: a list of words.
+class Words : public KuoAObservableModif<Words>
+{
+public:
+    Words() = default;
+    Words(const char* word) : words{QString::fromLatin1(word)} {}
+    int getNumberOfModif() const override { return words.size(); }
+    const KuoAObservable<Words>* observable() const { return _getObservable(); }
+
+    QStringList words;
+
+private:
+    void _merge(const Words& other) override { words += other.words; }
+};
+
+class Source : public KuoAObservable<Words>
+{
+public:
+    Source() : KuoAObservable(QStringLiteral("ignored")) {}
+};
+
+class Listener : public KuoIObserver<Words>
+{
+public:
+    ~Listener() override = default;
+    void update(const Words& record) override
+    {
+        heard.append(record.words.join(QLatin1Char('+')));
+        if (reaction)
+            reaction(record);
+    }
+    void destroyed(const KuoAObservable<Words>* observable) override
+    {
+        destroyedBy = observable;
+        if (onDestroyed)
+            onDestroyed();
+    }
+
+    QStringList heard;
+    std::function<void(const Words&)> reaction;
+    std::function<void()> onDestroyed;
+    const KuoAObservable<Words>* destroyedBy = nullptr;
+};
+
+const QStringList nothing;
+
+} // namespace
+
+TEST(KuoAObservable, CallsObserversInOrderOfRegistration)
+{
+    Source source;
+    QStringList order;
+    Listener a, b;
+    a.reaction = [&](const Words&) { order << QStringLiteral("a"); };
+    b.reaction = [&](const Words&) { order << QStringLiteral("b"); };
+    source.addObserver(&b);
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(order, QStringList({"b", "a"}));
+}
+
+TEST(KuoAObservable, TakesAnObserverOnceAndIgnoresNull)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.addObserver(&a);
+    source.addObserver(nullptr);
+    source.removeObserver(nullptr);
+    source.notify("x");
+    EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+TEST(KuoAObservable, NamesItselfInTheRecordThatItSends)
+{
+    Source source;
+    Listener a;
+    const KuoAObservable<Words>* sender = nullptr;
+    a.reaction = [&](const Words& record) {
+        EXPECT_TRUE(record.isValid());
+        sender = record.observable();
+    };
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(sender, &source);
+    EXPECT_FALSE(Words("x").isValid());
+    EXPECT_EQ(Words("x").observable(), nullptr);
+}
+
+TEST(KuoAObservable, KeepsNothingWhereNobodyObserves)
+{
+    Source source;
+    source.lock(true);
+    source.notify("x");
+    EXPECT_FALSE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, MergesIntoThePendingRecordWhileOnlyFormerObserversAreInTheList)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.removeObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, ForgetsFormerObserversAtTheEndOfTheNextSend)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.removeObserver(&a);
+    source.notify("x");
+    source.lock(true);
+    source.notify("y");
+    EXPECT_FALSE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, ABatchThatEndedCountsAsAFormerObserver)
+{
+    Source source;
+    {
+        KuoLock<Words> lock(&source);
+    }
+    source.lock(true);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, CollectsWhileLockedAndSendsOneMergedRecordAtCommit)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    EXPECT_FALSE(source.lock(true));
+    EXPECT_TRUE(source.isLocked());
+    source.notify("x");
+    source.notify("y");
+    EXPECT_EQ(a.heard, nothing);
+    EXPECT_TRUE(source.hasNotifications());
+    source.commit();
+    EXPECT_EQ(a.heard, QStringList("x+y"));
+    EXPECT_FALSE(source.hasNotifications());
+    EXPECT_TRUE(source.isLocked());
+    EXPECT_TRUE(source.lock(false));
+}
+
+TEST(KuoAObservable, ANotificationAfterUnlockingSendsWhatWasCollectedToo)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    source.lock(false);
+    source.notify("y");
+    EXPECT_EQ(a.heard, QStringList("x+y"));
+}
+
+TEST(KuoAObservable, DropsRecordsWhileTheObservableItselfIsLocked)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    EXPECT_FALSE(source.lockObservable(true));
+    source.notify("x");
+    EXPECT_FALSE(source.hasNotifications());
+    EXPECT_TRUE(source.lockObservable(false));
+    source.notify("y");
+    EXPECT_EQ(a.heard, QStringList("y"));
+}
+
+TEST(KuoAObservable, ClearNotificationsLosesWhatWasCollected)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    source.clearNotifications();
+    EXPECT_FALSE(source.hasNotifications());
+    source.commit();
+    EXPECT_EQ(a.heard, nothing);
+}
+
+TEST(KuoAObservable, CommitWithNothingPendingSendsNothing)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.commit();
+    source.notify(Words());
+    EXPECT_EQ(a.heard, nothing);
+}
+
+TEST(KuoAObservable, PassesOverAnObserverWhileItsLockCountIsNotZero)
+{
+    Source source;
+    Listener a, stranger;
+    source.addObserver(&a);
+    source.lockObserver(&a, true);
+    source.lockObserver(&a, true);
+    source.lockObserver(&a, false);
+    source.notify("still locked");
+    source.lockObserver(&a, false);
+    source.notify("first");
+    source.lockObserver(&a, false);
+    source.notify("second");
+    source.lockObserver(&stranger, true);
+    EXPECT_EQ(a.heard, QStringList({"first", "second"}));
+}
+
+TEST(KuoAObservable, DoesNotCallAnObserverThatWasAddedDuringTheSend)
+{
+    Source source;
+    Listener a, late;
+    a.reaction = [&](const Words&) { source.addObserver(&late); };
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(late.heard, nothing);
+    source.notify("y");
+    EXPECT_EQ(late.heard, QStringList("y"));
+}
+
+TEST(KuoAObservable, DoesNotCallAnObserverThatAnotherRemovedBeforeItsTurn)
+{
+    Source source;
+    Listener a, b, c;
+    a.reaction = [&](const Words&) { source.removeObserver(&b); };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.addObserver(&c);
+    source.notify("x");
+    EXPECT_EQ(b.heard, nothing);
+    EXPECT_EQ(c.heard, QStringList("x"));
+}
+
+TEST(KuoAObservable, AnObserverMayRemoveItselfAndThePreviousOne)
+{
+    Source source;
+    Listener a, b, c;
+    b.reaction = [&](const Words&) {
+        source.removeObserver(&a);
+        source.removeObserver(&b);
+    };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.addObserver(&c);
+    source.notify("x");
+    source.notify("y");
+    EXPECT_EQ(a.heard, QStringList("x"));
+    EXPECT_EQ(b.heard, QStringList("x"));
+    EXPECT_EQ(c.heard, QStringList({"x", "y"}));
+}
+
+TEST(KuoAObservable, AnObserverThatDiesDuringTheSendIsNotCalled)
+{
+    Source source;
+    Listener a;
+    auto b = std::make_unique<Listener>();
+    a.reaction = [&](const Words&) {
+        source.removeObserver(b.get());
+        b.reset();
+    };
+    source.addObserver(&a);
+    source.addObserver(b.get());
+    source.notify("x");
+    EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+TEST(KuoAObservable, AnObserverMayLockAndCollectDuringTheSend)
+{
+    Source source;
+    Listener a, b;
+    a.reaction = [&](const Words&) {
+        a.reaction = nullptr;
+        KuoLock<Words> lock(&source);
+        source.notify("p");
+        source.notify("q");
+        lock.commit();
+    };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.notify("x");
+    EXPECT_EQ(a.heard, QStringList({"x", "p+q"}));
+    EXPECT_EQ(b.heard, QStringList({"p+q", "x"}));
+}
+
+TEST(KuoAObservable, ANotificationDuringTheSendStartsAFreshRecord)
+{
+    Source source;
+    Listener a;
+    a.reaction = [&](const Words& record) {
+        if (record.words == QStringList("x"))
+            source.notify("y");
+    };
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(a.heard, QStringList({"x", "y"}));
+}
+
+TEST(KuoAObservable, AnObserverMayDestroyTheObservable)
+{
+    auto source = std::make_unique<Source>();
+    Listener a, b;
+    a.reaction = [&](const Words&) { source.reset(); };
+    source->addObserver(&a);
+    source->addObserver(&b);
+    source->notify("x");
+    EXPECT_EQ(b.heard, nothing);
+    EXPECT_NE(b.destroyedBy, nullptr);
+}
+
+TEST(KuoAObservable, AnObserverMayDestroyTheObservableInNestedSendsOfABatch)
+{
+    auto source = std::make_unique<Source>();
+    Listener a;
+    a.reaction = [&](const Words& record) {
+        if (record.words == QStringList("x"))
+            source->notify("y");
+        else
+            source.reset();
+    };
+    source->addObserver(&a);
+    KuoLock<Words> lock(source.get());
+    source->notify("x");
+    lock.commit();
+    EXPECT_EQ(a.heard, QStringList({"x", "y"}));
+}
+
+TEST(KuoAObservable, PrintsAWarningAtThe102ndNestedSendAndLosesItsRecord)
+{
+    RecordedMessages messages;
+    Source source;
+    Listener a;
+    a.reaction = [&](const Words&) { source.notify("again"); };
+    source.addObserver(&a);
+    source.notify("first");
+    EXPECT_EQ(a.heard.size(), 101);
+    EXPECT_EQ(messages.warnings, QStringList("KuoAObservable: suspicious recursion detected.\n"
+                                             "Maybe some KuoLock/KuoLockObserver can help you?!?"));
+    a.reaction = nullptr;
+    source.notify("after");
+    EXPECT_EQ(a.heard.last(), QStringLiteral("after"));
+}
+
+struct ThrownCase
+{
+    const char* name;
+    std::function<void()> raise;
+    QString message;
+};
+
+void PrintTo(const ThrownCase& thrown, std::ostream* stream)
+{
+    *stream << thrown.name;
+}
+
+class KuoAObservableThrows : public testing::TestWithParam<ThrownCase>
+{};
+
+TEST_P(KuoAObservableThrows, WarnsAndCallsTheNextObserver)
+{
+    RecordedMessages messages;
+    Source source;
+    Listener a, b;
+    a.reaction = [&](const Words&) { GetParam().raise(); };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.notify("x");
+    EXPECT_EQ(b.heard, QStringList("x"));
+    EXPECT_EQ(messages.warnings,
+              QStringList(QStringLiteral("KuoAObservable: exception caught while sending notification.\n"
+                                         "It is recommended to catch the exception in the update() method.\n"
+                                         "Exception message: ") +
+                          GetParam().message));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, KuoAObservableThrows,
+    testing::Values(
+        ThrownCase{"MbeError", [] { throw MbeError(6, QStringLiteral("own text")); }, QStringLiteral("own text")},
+        ThrownCase{"bad_alloc", [] { throw std::bad_alloc(); }, QStringLiteral("std::bad_alloc: std::bad_alloc")},
+        ThrownCase{"bad_cast", [] { throw std::bad_cast(); }, QStringLiteral("std::bad_cast: std::bad_cast")},
+        ThrownCase{"bad_typeid", [] { throw std::bad_typeid(); }, QStringLiteral("std::bad_typeid: std::bad_typeid")},
+        ThrownCase{"bad_exception", [] { throw std::bad_exception(); },
+                   QStringLiteral("std::bad_exception: std::bad_exception")},
+        ThrownCase{"exception", [] { throw std::runtime_error("broken"); }, QStringLiteral("std::exception: broken")},
+        ThrownCase{"anything", [] { throw 42; }, QStringLiteral("Unknown exception.")}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(KuoAObservable, LetsAnExceptionOfTheFamilyThatIsNoErrorLeaveTheSend)
+{
+    Source source;
+    Listener a, b;
+    a.reaction = [&](const Words&) { throw MbeException(QStringLiteral("leaves")); };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    EXPECT_THROW(source.notify("x"), MbeException);
+    EXPECT_EQ(b.heard, nothing);
+}
+
+TEST(KuoAObservable, TellsEveryObserverOfItsDestruction)
+{
+    auto source = std::make_unique<Source>();
+    const KuoAObservable<Words>* address = source.get();
+    Listener a, removed, b;
+    source->addObserver(&a);
+    source->addObserver(&removed);
+    source->addObserver(&b);
+    source->removeObserver(&removed);
+    source.reset();
+    EXPECT_EQ(a.destroyedBy, address);
+    EXPECT_EQ(b.destroyedBy, address);
+    EXPECT_EQ(removed.destroyedBy, nullptr);
+}
+
+TEST(KuoAObservable, AnObserverMayRemoveOthersAndAddItselfWhileToldOfTheDestruction)
+{
+    auto source = std::make_unique<Source>();
+    Listener a, b, c;
+    source->addObserver(&a);
+    source->addObserver(&b);
+    source->addObserver(&c);
+    Source* raw = source.get();
+    a.onDestroyed = [&a, &c, raw] {
+        raw->removeObserver(&c);
+        raw->removeObserver(&a);
+        raw->addObserver(&a);
+    };
+    source.reset();
+    EXPECT_NE(b.destroyedBy, nullptr);
+    EXPECT_EQ(c.destroyedBy, nullptr);
+}
+
+TEST(KuoAObservable, ACopyHasTheObserversThePendingRecordAndTheStates)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    const Source copy(source);
+    EXPECT_TRUE(copy.isLocked());
+    EXPECT_TRUE(copy.hasNotifications());
+    copy.commit();
+    EXPECT_EQ(a.heard, QStringList("x"));
+    EXPECT_TRUE(source.hasNotifications());
+    source.removeObserver(&a);
+}
+
+TEST(KuoAObservable, ManyAdditionsAndRemovalsWithoutASendTakeNoMoreRoom)
+{
+    Source source;
+    Listener stays, passing;
+    source.addObserver(&stays);
+    for (int i = 0; i < 100000; ++i) {
+        source.addObserver(&passing);
+        source.removeObserver(&passing);
+    }
+    source.notify("x");
+    EXPECT_EQ(stays.heard, QStringList("x"));
+    EXPECT_EQ(passing.heard, nothing);
+}
+
+TEST(KuoLock, SendsOneMergedRecordAtCommitAndUnlocksAtItsEnd)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    {
+        KuoLock<Words> lock(&source);
+        EXPECT_TRUE(source.isLocked());
+        source.notify("x");
+        source.notify("y");
+        lock.commit();
+        EXPECT_TRUE(source.isLocked());
+    }
+    EXPECT_FALSE(source.isLocked());
+    EXPECT_EQ(a.heard, QStringList("x+y"));
+}
+
+TEST(KuoLock, LosesWhatWasNotCommitted)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    {
+        KuoLock<Words> lock(&source);
+        source.notify("x");
+    }
+    EXPECT_FALSE(source.hasNotifications());
+    source.notify("y");
+    EXPECT_EQ(a.heard, QStringList("y"));
+}
+
+TEST(KuoLock, SendsNothingWhenAnExceptionLeavesTheBatch)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    const auto batch = [&] {
+        KuoLock<Words> lock(&source);
+        source.notify("x");
+        throw std::runtime_error("stop");
+    };
+    EXPECT_THROW(batch(), std::runtime_error);
+    EXPECT_EQ(a.heard, nothing);
+    EXPECT_FALSE(source.isLocked());
+}
+
+TEST(KuoLock, AnInnerBatchCommitsNothingAndLosesNothing)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    KuoLock<Words> outer(&source);
+    {
+        KuoLock<Words> inner(&source);
+        source.notify("x");
+        inner.commit();
+    }
+    EXPECT_EQ(a.heard, nothing);
+    EXPECT_TRUE(source.isLocked());
+    source.notify("y");
+    outer.commit();
+    EXPECT_EQ(a.heard, QStringList("x+y"));
+}
+
+TEST(KuoLock, CollectsEvenWhereNobodyElseListens)
+{
+    Source source;
+    KuoLock<Words> lock(&source);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
+}
+
+TEST(KuoLock, OnNothingDoesNothing)
+{
+    KuoLock<Words> lock(nullptr);
+    lock.commit();
+}
+
+TEST(KuoLock, OnADeadObservableDoesNothing)
+{
+    auto source = std::make_unique<Source>();
+    KuoLock<Words> first(source.get());
+    KuoLock<Words> second(source.get());
+    KuoLock<Words> third(source.get());
+    source->notify("x");
+    source.reset();
+    second.commit();
+    first.commit();
+}
+
+TEST(KuoLock, SurvivesTheDeathOfItsObservableInTheCommit)
+{
+    auto source = std::make_unique<Source>();
+    Listener a;
+    a.reaction = [&](const Words&) { source.reset(); };
+    source->addObserver(&a);
+    KuoLock<Words> lock(source.get());
+    source->notify("x");
+    lock.commit();
+    EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+TEST(KuoLock, BatchesMayEndInAnyOrder)
+{
+    Source source;
+    auto first = std::make_unique<KuoLock<Words>>(&source);
+    auto second = std::make_unique<KuoLock<Words>>(&source);
+    auto third = std::make_unique<KuoLock<Words>>(&source);
+    second.reset();
+    third.reset();
+    first.reset();
+    EXPECT_FALSE(source.isLocked());
+}
+
+TEST(KuoLockObserver, PassesOverTheObserverWhileItLives)
+{
+    Source source;
+    Listener a, b;
+    source.addObserver(&a);
+    source.addObserver(&b);
+    {
+        KuoLockObserver<Words> lock(&a, &source);
+        source.notify("x");
+    }
+    source.notify("y");
+    EXPECT_EQ(a.heard, QStringList("y"));
+    EXPECT_EQ(b.heard, QStringList({"x", "y"}));
+}
+
+TEST(KuoLockObserver, NestsByCounting)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    KuoLockObserver<Words> outer(&a, &source);
+    {
+        KuoLockObserver<Words> inner(&a, &source);
+    }
+    source.notify("x");
+    EXPECT_EQ(a.heard, nothing);
+}
+
+TEST(KuoLockObserver, SurvivesTheDeathOfItsObservable)
+{
+    auto source = std::make_unique<Source>();
+    Listener a;
+    source->addObserver(&a);
+    KuoLockObserver<Words> lock(&a, source.get());
+    KuoLockObserver<Words> none(nullptr, source.get());
+    KuoLockObserver<Words> nowhere(&a, nullptr);
+    source.reset();
+    EXPECT_NE(a.destroyedBy, nullptr);
+}
