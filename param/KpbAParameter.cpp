@@ -7,6 +7,7 @@
 
 #include <QtCore/QTextStream>
 
+#include <algorithm>
 #include <utility>
 
 template class KuoPointer<KpbAParameter>;
@@ -203,8 +204,10 @@ void KpbAParameter::setLockValueEnabled(bool enabled)
 
 void KpbAParameter::activateValueLock(bool locked)
 {
+    const KuoPointer<KpbAParameter> self(this);
     setLockValueEnabled(true);
-    setValueLocked(locked);
+    if (self)
+        setValueLocked(locked);
 }
 
 QSharedPointer<QDomDocument> KpbAParameter::takeUnserializeData()
@@ -221,11 +224,24 @@ void KpbAParameter::_notify(const Kp::NotificationFlags& flags)
         notify(KpnModif(flags, this));
 }
 
+void KpbAParameter::_notifyBatch(const Kp::NotificationFlags& flags)
+{
+    if (_isUnheard())
+        _skipBatch();
+    else
+        KuoAObservable::_notifyBatch(KpnModif(flags, this));
+}
+
 void KpbAParameter::_deepNotify(const Kp::NotificationFlags& flags)
 {
+    if (getChildCount() == 0) {
+        _notifyBatch(flags);
+        return;
+    }
     KuoLock<KpnModif> lock(this);
     _notify(flags);
-    for (int i = 0, count = getChildCount(); i < count; ++i) {
+    // Each child sends on its own, and an observer may remove children or destroy the tree.
+    for (int i = 0, count = getChildCount(); lock.isAlive() && i < std::min(count, getChildCount()); ++i) {
         if (KpbAParameter* child = getChild(i))
             child->_deepNotify(flags);
     }

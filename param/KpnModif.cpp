@@ -8,11 +8,13 @@
 #include <QtCore/QStringList>
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
 template class KuoAObservable<KpnModif>;
 template class KuoLock<KpnModif>;
+template class KuoLockObserver<KpnModif>;
 
 KpbAParameter* ObservableTraits<KpnModif>::fromBase(const KuoAObservable<KpnModif>* base)
 {
@@ -63,6 +65,8 @@ public:
     void add(Entry entry)
     {
         const bool valid = entry.path.isValid();
+        if (!valid)
+            settle(); // what is due to go is not to be taken for the dead entry that comes
         if (Entry* known = valid ? _find(entry.path) : _findDead(entry.path)) {
             known->flags |= entry.flags;
             return;

@@ -54,12 +54,11 @@ KpnPath::~KpnPath()
 
 void KpnPath::_copy(const KpnPath& other)
 {
-    _size = other._size;
-    _capacity = InlineCapacity;
-    if (_size > InlineCapacity) {
-        _capacity = _size;
-        _heap = new KpnLife*[std::size_t(_size)];
+    if (other._size > InlineCapacity) {
+        _heap = new KpnLife*[std::size_t(other._size)];
+        _capacity = other._size;
     }
+    _size = other._size;
     KpnLife* const* source = other._data();
     KpnLife** data = _data();
     for (int i = 0; i < _size; ++i) {

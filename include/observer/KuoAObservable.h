@@ -39,7 +39,8 @@ public:
     bool lockObservable(bool locked) const { return std::exchange(_observableLocked, locked); }
 
     /// Merges `record` into the pending record and, unless locked, sends it. Nothing is kept where nobody observes.
-    void notify(Record record) const;
+    void notify(Record&& record) const;
+    void notify(const Record& record) const { notify(Record(record)); }
     /// Sends the pending record at once, locked or not.
     void commit() const;
     void clearNotifications() const { _pending.reset(); }
@@ -65,8 +66,10 @@ protected:
         if (!_observableLocked)
             _formerEntries = false;
     }
-    /// What a batch with a notification leaves behind where `_isUnheard()`.
+    /// What a batch leaves behind that had nothing to send, or where `_isUnheard()`.
     void _skipBatch() const { _formerEntries = true; }
+    /// The same as a batch around one `notify`, without its cost.
+    void _notifyBatch(Record&& record) const;
 
 private:
     friend class KuoLock<Record>;
@@ -81,7 +84,10 @@ private:
     class Sending
     {
     public:
-        explicit Sending(const KuoAObservable* observable) : _observable(observable), _outer(observable->_sending)
+        Sending(const KuoAObservable* observable, bool endsBatch)
+            : _observable(observable),
+              _outer(observable->_sending),
+              _endsBatch(endsBatch)
         {
             observable->_sending = this;
             ++observable->_sendDepth;
@@ -93,6 +99,8 @@ private:
             _observable->_sending = _outer;
             --_observable->_sendDepth;
             _observable->_compress();
+            if (_endsBatch)
+                _observable->_endBatch();
         }
         Sending(const Sending&) = delete;
         Sending& operator=(const Sending&) = delete;
@@ -106,6 +114,7 @@ private:
     private:
         const KuoAObservable* _observable;
         Sending* _outer;
+        const bool _endsBatch;
     };
 
     static constexpr int MaxSendDepth = 100;
@@ -115,7 +124,8 @@ private:
     void _copy(const KuoAObservable& other);
     void _compress() const;
     void _removeEmptySlots() const;
-    void _send(const Record& record) const;
+    void _send(const Record& record, bool endsBatch = false) const;
+    void _endBatch() const;
     static void _deliver(KuoIObserver<Record>* observer, const Record& record);
     void _link(KuoLock<Record>* lock) const;
     void _unlink(KuoLock<Record>* lock) const;
@@ -139,8 +149,10 @@ KuoAObservable<Record>::~KuoAObservable()
 {
     while (_sending)
         _sending = _sending->end();
+    // Keeps the slots where they are while observers come and go below.
+    ++_sendDepth;
     // An observer may remove others, and itself, while it is told.
-    for (int i = 0, count = _slots.size(); i < std::min(count, _slots.size()); ++i) {
+    for (int i = 0, count = _slots.size(); i < count; ++i) {
         if (KuoIObserver<Record>* observer = _slots[i].observer)
             observer->destroyed(this);
     }
@@ -195,7 +207,7 @@ void KuoAObservable<Record>::lockObserver(KuoIObserver<Record>* observer, bool l
 }
 
 template <class Record>
-void KuoAObservable<Record>::notify(Record record) const
+void KuoAObservable<Record>::notify(Record&& record) const
 {
     if (!_hasEntries() || _observableLocked)
         return;
@@ -219,7 +231,29 @@ void KuoAObservable<Record>::commit() const
 }
 
 template <class Record>
-void KuoAObservable<Record>::_send(const Record& record) const
+void KuoAObservable<Record>::_notifyBatch(Record&& record) const
+{
+    if (_locked || _observableLocked || hasNotifications()) {
+        KuoLock<Record> lock(this);
+        notify(std::move(record));
+        lock.commit();
+        return;
+    }
+    _formerEntries = true;
+    record.setObservable(this);
+    _send(record, true);
+}
+
+template <class Record>
+void KuoAObservable<Record>::_endBatch() const
+{
+    _pending.reset();
+    _locked = false;
+    _formerEntries = true;
+}
+
+template <class Record>
+void KuoAObservable<Record>::_send(const Record& record, bool endsBatch) const
 {
     if (!record.isValid() || record.isEmpty())
         return;
@@ -229,8 +263,8 @@ void KuoAObservable<Record>::_send(const Record& record) const
                                Qt::PlainText);
         return;
     }
-    Sending sending(this);
-    for (int i = 0, count = _slots.size(); i < count; ++i) {
+    Sending sending(this, endsBatch);
+    for (int i = 0, count = _slots.size(); i < std::min(count, _slots.size()); ++i) {
         const Slot slot = _slots[i];
         if (slot.locks != 0 || !slot.observer)
             continue;

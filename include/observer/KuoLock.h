@@ -30,6 +30,9 @@ public:
     KuoLock(const KuoLock&) = delete;
     KuoLock& operator=(const KuoLock&) = delete;
 
+    /// Whether there is an observable and it lives.
+    bool isAlive() const { return _observable; }
+
     void commit()
     {
         if (!_observable || _wasLocked)

@@ -21,7 +21,7 @@ Q_DECLARE_FLAGS(NotificationFlags, NotificationFlag)
 Q_DECLARE_OPERATORS_FOR_FLAGS(NotificationFlags)
 
 /// What a `KpnModifIterator` yields. Every value but 0 means the whole path.
-enum IterateFlag
+enum IterateFlag : int
 {
     IterateOrigin = 0,
     IterateWholePath = 1,
@@ -34,6 +34,25 @@ enum VectorDim
     VectorDim2 = 2,
     VectorDim3 = 3,
 };
+
+/// How the components of a vector parameter follow the first.
+enum VectorLink
+{
+    NoLink = 0,
+    LinkAll = 1,        ///< all follow the first
+    LinkHorizontal = 2, ///< the second follows the first, the third is free
+};
+
+namespace List {
+
+/// Where a list of atomics keeps its automatic values.
+enum AutoValueLocation
+{
+    AutoValuesInList = 0,
+    AutoValuesInItems = 1,
+};
+
+} // namespace List
 
 KESTRIN_PARAM_EXPORT VectorDim getVectorDim(const MbgEDimension& dimension);
 

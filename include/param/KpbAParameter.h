@@ -19,8 +19,9 @@ class KpnLife;
 /// Base of everything that stands in a parameter tree. It has the parameter's identity (kind, key, label), its place
 /// (the parent, which owns it), its state flags and its entry points for notification.
 ///
-/// A copy has no observers and no parent. Setters compare first and notify only what changed; they never throw. The
-/// flags enabled and read-only are information for callers and watchers: no setter refuses a change because of them.
+/// A copy has no observers and no parent. Setters compare first and notify only what changed; they throw only what an
+/// observer throws that is no `MbeError`. The flags enabled and read-only are information for callers and watchers: no
+/// setter refuses a change because of them.
 class KESTRIN_PARAM_EXPORT KpbAParameter : public KuoAObservable<KpnModif>, public KuoAGuarded, public MbbIDebuggable
 {
 public:
@@ -28,6 +29,7 @@ public:
 
     KpbAParameter(const KpbEType& type, const QString& key);
     ~KpbAParameter() override;
+    KpbAParameter(const KpbAParameter&) = delete;
     KpbAParameter& operator=(const KpbAParameter&) = delete;
 
     /// A copy under `newKey`, or under the same key where that is empty. The caller owns it.
@@ -51,6 +53,11 @@ public:
     virtual void unserialize(const SerialForm& map) = 0;
     virtual QString toString() const = 0;
 
+private:
+    /// Brings the value to the automatic value and notifies if that changes it.
+    virtual void _setValueAuto();
+
+public:
     /// For `depth` below 1 one line per parameter, indented by -`depth` and going on one deeper for the children; from
     /// 1 on everything that is known of the parameter and its children, with place and flags from 2 on.
     QString debug(int depth) const override;
@@ -118,6 +125,8 @@ protected:
     KpbAParameter(const KpbAParameter& other, const QString& newKey);
 
     void _notify(const Kp::NotificationFlags& flags);
+    /// The same as a batch in which `_notify(flags)` is called; an observer may destroy this parameter.
+    void _notifyBatch(const Kp::NotificationFlags& flags);
     /// Notifies this parameter and everything below it. Observers of this parameter get one record.
     void _deepNotify(const Kp::NotificationFlags& flags);
     /// Stores the automatic flag; gives whether it changed. Silent.
@@ -127,9 +136,6 @@ protected:
 
 private:
     friend class KpnPath;
-
-    /// Brings the value to the automatic value and notifies if that changes it.
-    virtual void _setValueAuto();
 
     KpnLife* _getLife() const;
     void _store(bool& flag, bool value, Kp::NotificationFlag notification);

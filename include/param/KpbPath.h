@@ -5,6 +5,8 @@
 
 #include <param/KpExport.h>
 
+#include <algorithm>
+
 /// The address of a parameter relative to another one: a list of keys, in which ".." stands for the parent. Value
 /// semantics; it survives the parameters that it names.
 class KESTRIN_PARAM_EXPORT KpbPath : public QStringList

@@ -5,6 +5,7 @@
 #include <basic/MbbIDebuggable.h>
 #include <observer/KuoAObservable.h>
 #include <observer/KuoAObservableModif.h>
+#include <observer/KuoLockObserver.h>
 #include <param/Kp.h>
 #include <param/KpnPath.h>
 
@@ -117,3 +118,4 @@ private:
 
 extern template class KESTRIN_PARAM_EXPORT KuoAObservable<KpnModif>;
 extern template class KESTRIN_PARAM_EXPORT KuoLock<KpnModif>;
+extern template class KESTRIN_PARAM_EXPORT KuoLockObserver<KpnModif>;

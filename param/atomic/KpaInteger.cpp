@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 template class KpaAAtomic<int, KpaIntegerConfig>;
 
@@ -53,14 +54,16 @@ int KpaIntegerConfig::fix(int value, int previous) const
 int KpaIntegerConfig::_wrappedFix(int value) const
 {
     const qint64 range = qint64(_maximum) - _minimum;
-    if (range <= 0) // no cycle to walk
-        return std::max(std::min(value, _maximum), _minimum);
+    if (range == 0)
+        return _minimum;
     const auto turns = [&](qint64 distance) { return qint64(std::trunc(double(distance) / double(range))) + 1; };
+    qint64 fixed = value;
     if (value >= _maximum)
-        return int(value - turns(qint64(value) - _maximum) * range);
-    if (value < _minimum)
-        return int(value + turns(qint64(_minimum) - value) * range);
-    return value;
+        fixed -= turns(qint64(value) - _maximum) * range;
+    else if (value < _minimum)
+        fixed += turns(qint64(_minimum) - value) * range;
+    // Crossed limits can lead out of what an int holds.
+    return int(std::clamp<qint64>(fixed, std::numeric_limits<int>::min() + 1, std::numeric_limits<int>::max()));
 }
 
 QString KpaIntegerConfig::toString(int value) const

@@ -476,6 +476,158 @@ TEST(KuoAObservable, ManyAdditionsAndRemovalsWithoutASendTakeNoMoreRoom)
     EXPECT_EQ(passing.heard, nothing);
 }
 
+TEST(KuoAObservable, TellsEveryObserverOfItsDestructionWhateverTheyChangeMeanwhile)
+{
+    auto source = std::make_unique<Source>();
+    Source* raw = source.get();
+    Listener a, b, late;
+    a.onDestroyed = [&] {
+        raw->removeObserver(&a);
+        raw->addObserver(&late);
+        raw->notify("gone");
+    };
+    source->addObserver(&a);
+    source->addObserver(&b);
+    source.reset();
+    EXPECT_NE(b.destroyedBy, nullptr);
+}
+
+TEST(KuoAObservable, RemovingOrLockingAStrangerLeavesNoTrace)
+{
+    Source source;
+    Listener stranger;
+    source.removeObserver(&stranger);
+    source.lockObserver(&stranger, true);
+    source.lock(true);
+    source.notify("x");
+    EXPECT_FALSE(source.hasNotifications());
+    source.lock(false);
+    source.addObserver(&stranger);
+    source.notify("y");
+    EXPECT_EQ(stranger.heard, QStringList("y"));
+}
+
+TEST(KuoAObservable, AnObserverThatComesAgainIsLastAndUnlocked)
+{
+    Source source;
+    QStringList order;
+    Listener a, b;
+    a.reaction = [&](const Words&) { order << QStringLiteral("a"); };
+    b.reaction = [&](const Words&) { order << QStringLiteral("b"); };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.lockObserver(&a, true);
+    source.removeObserver(&a);
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(order, QStringList({"b", "a"}));
+}
+
+TEST(KuoAObservable, CommitSendsWhatWasPendingBeforeTheObservableWasLocked)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    source.lockObservable(true);
+    source.notify("dropped");
+    EXPECT_TRUE(source.hasNotifications());
+    source.commit();
+    EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+TEST(KuoAObservable, ForgetsFormerObserversOnlyWhenTheOutermostSendHasEnded)
+{
+    Source source;
+    Listener a, b;
+    bool collectedInside = false;
+    a.reaction = [&](const Words& record) {
+        if (record.words != QStringList("x"))
+            return;
+        source.removeObserver(&b);
+        source.notify("nested");
+        source.removeObserver(&a);
+        source.lock(true);
+        source.notify("y");
+        collectedInside = source.hasNotifications();
+        source.clearNotifications();
+        source.lock(false);
+    };
+    source.addObserver(&a);
+    source.addObserver(&b);
+    source.notify("x");
+    EXPECT_TRUE(collectedInside);
+    source.lock(true);
+    source.notify("z");
+    EXPECT_FALSE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, AnEmptyRecordForgetsNoFormerObserver)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    source.removeObserver(&a);
+    source.notify(Words());
+    source.lock(true);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
+}
+
+TEST(KuoAObservable, SendsAgainAfterAnExceptionLeftASend)
+{
+    Source source;
+    Listener a, former;
+    a.reaction = [&](const Words&) { throw MbeException(QStringLiteral("leaves")); };
+    source.addObserver(&a);
+    source.addObserver(&former);
+    source.removeObserver(&former);
+    for (int i = 0; i < 200; ++i)
+        EXPECT_THROW(source.notify("x"), MbeException);
+    a.reaction = nullptr;
+    source.notify("y");
+    EXPECT_EQ(a.heard.last(), QStringLiteral("y"));
+}
+
+TEST(KuoAObservable, TheThrowerMayDestroyTheObservable)
+{
+    auto source = std::make_unique<Source>();
+    Listener a;
+    a.reaction = [&](const Words&) {
+        source.reset();
+        throw MbeException(QStringLiteral("leaves"));
+    };
+    source->addObserver(&a);
+    EXPECT_THROW(source->notify("x"), MbeException);
+    EXPECT_EQ(source, nullptr);
+}
+
+TEST(KuoAObservable, AssignmentTakesOverObserversPendingRecordAndStates)
+{
+    Source source, other;
+    Listener a, b;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("x");
+    other.addObserver(&b);
+    other = source;
+    EXPECT_TRUE(other.isLocked());
+    other.commit();
+    EXPECT_EQ(a.heard, QStringList("x"));
+    EXPECT_EQ(b.heard, nothing);
+}
+
+TEST(KuoAObservable, ACopyMadeDuringABatchCountsItAsAFormerObserver)
+{
+    Source source;
+    KuoLock<Words> lock(&source);
+    const Source copy(source);
+    EXPECT_TRUE(copy.isLocked());
+    copy.notify("x");
+    EXPECT_TRUE(copy.hasNotifications());
+}
+
 TEST(KuoLock, SendsOneMergedRecordAtCommitAndUnlocksAtItsEnd)
 {
     Source source;
@@ -628,4 +780,64 @@ TEST(KuoLockObserver, SurvivesTheDeathOfItsObservable)
     KuoLockObserver<Words> nowhere(&a, nullptr);
     source.reset();
     EXPECT_NE(a.destroyedBy, nullptr);
+}
+
+TEST(KuoLock, MayCommitTwiceAndSendsWhatComesDuringTheCommitAtOnce)
+{
+    Source source;
+    Listener a;
+    a.reaction = [&](const Words& record) {
+        if (record.words == QStringList("x"))
+            source.notify("during");
+    };
+    source.addObserver(&a);
+    KuoLock<Words> lock(&source);
+    source.notify("x");
+    lock.commit();
+    source.notify("y");
+    lock.commit();
+    EXPECT_EQ(a.heard, QStringList({"x", "during", "y"}));
+}
+
+TEST(KuoLock, ForgetsOnlyItsOwnObservable)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    KuoLock<Words> lock(&source);
+    {
+        const Source other;
+        lock.destroyed(&other);
+    }
+    EXPECT_TRUE(lock.isAlive());
+    source.notify("x");
+    lock.commit();
+    EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+TEST(KuoLockObserver, IsAnObserverItself)
+{
+    Source source;
+    Listener a;
+    KuoLockObserver<Words> lock(&a, &source);
+    source.lock(true);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
+}
+
+TEST(KuoLockObserver, ForgetsOnlyItsOwnObservableAndEndsWellWithoutItsObserver)
+{
+    Source source;
+    Listener a;
+    source.addObserver(&a);
+    {
+        KuoLockObserver<Words> lock(&a, &source);
+        const Source other;
+        lock.destroyed(&other);
+        source.notify("passed over");
+        source.removeObserver(&a);
+    }
+    source.addObserver(&a);
+    source.notify("x");
+    EXPECT_EQ(a.heard, QStringList("x"));
 }

@@ -394,7 +394,7 @@ TEST(KpbAParameter, DebugBelowOneTellsOneLinePerParameter)
     TestLeaf a("a");
     TestBranch p("p");
     p.add(a);
-    const QString blank(QChar(QChar::Nbsp));
+    const QString blank = QChar(QChar::Nbsp);
     EXPECT_EQ(p.debug(0), QStringLiteral("p = text\n") + blank + QStringLiteral("a = text\n"));
     EXPECT_EQ(p.debug(-1), blank + QStringLiteral("p = text\n") + blank + blank + QStringLiteral("a = text\n"));
 }
@@ -411,6 +411,49 @@ TEST(KpbAParameter, DebugOfOneTellsIdentityAndSerialForm)
                                          " toString()       = text\n"
                                          " serialize():\n"
                                          "  - value = text\n"));
+}
+
+TEST(KpbAParameter, DebugShowsEachFlagInItsOwnLine)
+{
+    const struct
+    {
+        const char* line;
+        std::function<void(TestLeaf&)> set;
+    } flags[] = {
+        {" readonly         = ", [](TestLeaf& a) { a.setReadOnly(true); }},
+        {" automaticEnabled = ", [](TestLeaf& a) { a.setAutomaticEnabled(true); }},
+        {" automaticInit'ed = ", [](TestLeaf& a) { a._setAutomaticValueInitialized(true); }},
+        {" automatic        = ", [](TestLeaf& a) { a.setAutomatic(true); }},
+        {" lockValueEnabled = ", [](TestLeaf& a) { a.setLockValueEnabled(true); }},
+        {" valueIsLocked    = ", [](TestLeaf& a) { a.setValueLocked(true); }},
+        {" volatile         = ", [](TestLeaf& a) { a.setVolatile(true); }},
+    };
+    for (const auto& flag : flags) {
+        TestLeaf a("a");
+        flag.set(a);
+        EXPECT_EQ(a.debug(2).count(QStringLiteral("yes\n")), 2) << flag.line; // with enabled
+        EXPECT_TRUE(a.debug(2).contains(QLatin1String(flag.line) + QStringLiteral("yes\n"))) << flag.line;
+        const std::unique_ptr<TestLeaf> copy(a.duplicate(QString()));
+        EXPECT_EQ(copy->debug(2), a.debug(2)) << flag.line;
+    }
+    EXPECT_TRUE(TestLeaf("a").debug(2).contains(QStringLiteral(" enabled          = yes\n")));
+    EXPECT_TRUE(TestLeaf("a").debug(2).contains(QStringLiteral(" parent           = 0x0\n path             = a\n")));
+}
+
+TEST(KpbAParameter, ABatchThatAnExceptionLeavesKeepsTheStateAndLosesTheRecord)
+{
+    TestLeaf a("a");
+    const RecordingObserver observer(a);
+    try {
+        KuoLock<KpnModif> lock(&a);
+        a.setLabel("new");
+        throw 1;
+    }
+    catch (int) {
+    }
+    EXPECT_EQ(a.getLabel(), QStringLiteral("new"));
+    EXPECT_TRUE(observer.records.isEmpty());
+    EXPECT_FALSE(a.isLocked());
 }
 
 TEST(KpbAParameter, DebugOfTwoTellsPlaceAndFlagsAndTheChildren)

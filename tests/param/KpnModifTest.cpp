@@ -113,6 +113,75 @@ TEST(KpnModif, MergeTakesADeadEntryOfTheOtherRecordOverAndDropsItAtTheNext)
     EXPECT_EQ(int(modif.getModifs().first()), 3);
 }
 
+TEST(KpnModif, MergeTakesADeadEntryOverIntoARecordOfSeveralWhateverDiedBefore)
+{
+    Leaves leaves;
+    TestLeaf parent("p");
+    auto gone = std::make_unique<TestLeaf>("gone");
+    KpnModif modif(Kp::NotifyValue, &leaves[0]);
+    modif.merge(KpnModif(Kp::NotifyValue, &leaves[1]));
+    modif.merge(KpnModif(Kp::NotifyValue, gone.get()));
+    auto other = std::make_unique<TestLeaf>("other");
+    const KpnModif dead(Kp::NotifyConfig, other.get());
+    other.reset();
+    gone.reset();
+    modif.merge(dead);
+    EXPECT_EQ(modif.getNumberOfModif(), 3);
+    EXPECT_TRUE(modif.hasNotification(Kp::NotifyConfig));
+    modif.merge(dead);
+    EXPECT_EQ(modif.getNumberOfModif(), 3);
+    modif.merge(KpnModif());
+    EXPECT_EQ(modif.getNumberOfModif(), 2);
+}
+
+TEST(KpnModif, OfNothingHasOneEntryThatIsInvalid)
+{
+    const KpnModif modif(Kp::NotifyValue, static_cast<KpbAParameter*>(nullptr));
+    EXPECT_EQ(modif.getNumberOfModif(), 1);
+    EXPECT_FALSE(modif.getModifs().firstKey().isValid());
+    EXPECT_EQ(modif.debug(), QStringLiteral("NULL:1"));
+}
+
+TEST(KpnModif, AppendAndMergeLeaveALargeRecordThatSharesTheEntriesAsItWas)
+{
+    std::vector<std::unique_ptr<TestLeaf>> leaves;
+    TestLeaf parent("p");
+    KpnModif modif;
+    for (int i = 0; i < 20; ++i) {
+        leaves.push_back(std::make_unique<TestLeaf>(QString::number(i)));
+        modif.merge(KpnModif(Kp::NotifyValue, leaves.back().get()));
+    }
+    KpnModif appended(modif), merged(modif);
+    appended.append(&parent);
+    for (const auto& leaf : leaves)
+        merged.merge(KpnModif(Kp::NotifyConfig, leaf.get()));
+    EXPECT_EQ(modif.getNumberOfModif(), 20);
+    EXPECT_EQ(merged.getNumberOfModif(), 20);
+    for (auto flags : modif.getModifs())
+        EXPECT_EQ(int(flags), 1);
+    for (auto flags : merged.getModifs())
+        EXPECT_EQ(int(flags), 3);
+    EXPECT_FALSE(modif.hasModif(&parent, Kp::NotifyValue));
+    EXPECT_EQ(appended.getModifs().firstKey().getLast(), &parent);
+}
+
+TEST(KpnModif, KnowsTheParameterThatSentIt)
+{
+    class Looks : public KuoIObserver<KpnModif>
+    {
+    public:
+        void update(const KpnModif& modif) override { valid = modif.isValid(); }
+        bool valid = false;
+    };
+    KpaInteger a("a");
+    Looks looks;
+    a.addObserver(&looks);
+    a.setValue(1);
+    EXPECT_TRUE(looks.valid);
+    EXPECT_EQ(ObservableTraits<KpnModif>::fromBase(&a), &a);
+    a.removeObserver(&looks);
+}
+
 TEST(KpnModif, MergeAfterManyDeathsKeepsExactlyTheLiving)
 {
     std::vector<std::unique_ptr<TestLeaf>> leaves;
@@ -256,6 +325,25 @@ TEST(KpnModif, ReplaceNotificationChangesTheFirstEntryBeneathAComposite)
     EXPECT_EQ(modif.debug(), QStringLiteral("g/a:2\ng/b:1"));
 }
 
+TEST(KpnModif, ReplaceNotificationChangesChildrenAtTheCompositeItself)
+{
+    TestLeaf a("a");
+    TestBranch group("g");
+    group.add(a);
+    KpnModif modif(Kp::NotifyChildren, &group);
+    modif.replaceNotification(&group, Kp::NotifyChildren, Kp::NotifyItem);
+    EXPECT_EQ(modif.debug(), QStringLiteral("g:8"));
+}
+
+TEST(KpnModif, ReplaceNotificationOfALeafThatOnlyLiesOnAPathDoesNothing)
+{
+    Leaves leaves;
+    KpnModif modif(Kp::NotifyValue, &leaves[0]);
+    modif.append(&leaves[1]);
+    modif.replaceNotification(&leaves[1], Kp::NotifyValue, Kp::NotifyItem);
+    EXPECT_EQ(modif.debug(), QStringLiteral("b/a:1"));
+}
+
 TEST(KpnModif, ReplaceNotificationOfChildrenLooksAtTheCompositeItselfOnly)
 {
     TestLeaf a("a");
@@ -316,6 +404,32 @@ TEST(KpnModif, ReachesTheObserversOfEveryAncestorWithItsWholePath)
     ASSERT_EQ(atRoot.records.size(), 1);
     EXPECT_EQ(atRoot.records[0].debug(), QStringLiteral("root/group/leaf:1"));
     EXPECT_EQ(atLeaf.records[0].debug(), QStringLiteral("leaf:1"));
+}
+
+TEST(KpnModif, ServesEachObserverWithItsWholeUpwardChainBeforeTheNext)
+{
+    class Names : public KuoIObserver<KpnModif>
+    {
+    public:
+        Names(QStringList& all, const char* own) : order(all), name(own) {}
+        void update(const KpnModif&) override { order << QLatin1String(name); }
+        QStringList& order;
+        const char* name;
+    };
+    KpaInteger leaf("leaf");
+    RelayingBranch group("group"), root("root");
+    group.plug(leaf);
+    root.plug(group);
+    QStringList order;
+    Names atLeaf(order, "leaf"), atGroup(order, "group"), atRoot(order, "root");
+    leaf.addObserver(&atLeaf);
+    group.addObserver(&atGroup);
+    root.addObserver(&atRoot);
+    leaf.setValue(5);
+    EXPECT_EQ(order, QStringList({"root", "group", "leaf"}));
+    leaf.removeObserver(&atLeaf);
+    group.removeObserver(&atGroup);
+    root.removeObserver(&atRoot);
 }
 
 TEST(KpnModif, ABatchBringsOneRecordWithOneEntryPerParameter)

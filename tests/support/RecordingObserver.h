@@ -2,14 +2,25 @@
 
 #include <param/KpbAParameter.h>
 
+#include <QtCore/QList>
 #include <QtCore/QVector>
 
-/// Keeps the records that reach it. It may outlive what it observes.
+/// Keeps the records that reach it. It and what it observes may end in any order.
 class RecordingObserver : public KuoIObserver<KpnModif>
 {
 public:
     RecordingObserver() = default;
-    explicit RecordingObserver(const KpbAParameter& parameter) { parameter.addObserver(this); }
+    explicit RecordingObserver(const KpbAParameter& parameter) : _observed(const_cast<KpbAParameter*>(&parameter))
+    {
+        parameter.addObserver(this);
+    }
+    ~RecordingObserver() override
+    {
+        if (_observed)
+            _observed->removeObserver(this);
+    }
+    RecordingObserver(const RecordingObserver&) = delete;
+    RecordingObserver& operator=(const RecordingObserver&) = delete;
 
     void update(const KpnModif& modif) override { records.append(modif); }
     void destroyed(const KuoAObservable<KpnModif>*) override { ++deaths; }
@@ -41,4 +52,7 @@ public:
 
     QVector<KpnModif> records;
     int deaths = 0;
+
+private:
+    KuoPointer<KpbAParameter> _observed;
 };

@@ -3,6 +3,7 @@
 #include <param/KpbAParameter.h>
 
 #include <concepts>
+#include <utility>
 
 /// What an atomic needs of its configuration: a plain value that says which values are admissible, repairs them, prints
 /// them and gives them a serial form.
@@ -48,8 +49,8 @@ concept KpaAtomicConfig = std::default_initializable<Config> && std::copyable<Co
 /// A leaf of the parameter tree: one value, one automatic value, and the configuration that says what is admissible.
 ///
 /// Every value goes through `fix` before it is stored. A change by a caller ends the automatic mode; automatic values
-/// are the only way in which the value changes while the mode stays on. No operation throws, and no bad value is
-/// reported: it is repaired, and observers are told where a request was refused. Changes come as one record each.
+/// are the only way in which the value changes while the mode stays on. No bad value is reported: it is repaired, and
+/// observers are told where a request was refused. Changes come as one record each.
 template <class T, KpaAtomicConfig<T> Config>
 class Q_DECL_EXPORT KpaAAtomic : public KpbAParameter
 {
@@ -121,24 +122,15 @@ template <class T, KpaAtomicConfig<T> Config>
 void KpaAAtomic<T, Config>::setValue(const T& value)
 {
     T fixed = _config.fix(value, _value);
-    const bool refused = !(fixed == value);
-    const bool changed = fixed != _value;
-    _value = std::move(fixed);
-    if (!changed) {
+    if (!(fixed != _value)) {
+        const bool refused = !(fixed == value);
+        _value = std::move(fixed);
         if (refused)
             _notify(Kp::NotifyValue);
         return;
     }
-    if (_isUnheard()) {
-        _setAutoFlag(false);
-        _skipBatch();
-        return;
-    }
-    KuoLock<KpnModif> lock(this);
-    _notify(Kp::NotifyValue);
-    if (_setAutoFlag(false))
-        _notify(Kp::NotifyConfig);
-    lock.commit();
+    _value = std::move(fixed);
+    _notifyBatch(_setAutoFlag(false) ? Kp::NotifyValue | Kp::NotifyConfig : Kp::NotifyValue);
 }
 
 template <class T, KpaAtomicConfig<T> Config>
@@ -153,19 +145,23 @@ void KpaAAtomic<T, Config>::_setValueAuto()
 template <class T, KpaAtomicConfig<T> Config>
 void KpaAAtomic<T, Config>::setAutoValue(const T& value)
 {
-    KuoLock<KpnModif> lock(this);
     const bool hadAuto = isAutomaticValueInitialized();
     T fixed = _config.fix(value, hadAuto ? _autoValue : T(_config.getInitialValue()));
-    if (fixed != _autoValue) {
+    const bool changed = fixed != _autoValue;
+    if (changed)
         _autoValue = std::move(fixed);
-        _notify(Kp::NotifyConfig);
+    _setAutomaticValueInitialized(true);
+    if (!isAutomatic()) {
+        if (changed || !hadAuto)
+            _notifyBatch(Kp::NotifyConfig);
+        else
+            _skipBatch();
+        return;
     }
-    if (!hadAuto) {
-        _setAutomaticValueInitialized(true);
+    KuoLock<KpnModif> lock(this);
+    if (changed || !hadAuto)
         _notify(Kp::NotifyConfig);
-    }
-    if (isAutomatic())
-        _setValueAuto();
+    _setValueAuto();
     lock.commit();
 }
 
@@ -181,15 +177,19 @@ void KpaAAtomic<T, Config>::setConfig(const Config& config)
 template <class T, KpaAtomicConfig<T> Config>
 void KpaAAtomic<T, Config>::activateAutoValue()
 {
+    const KuoPointer<KpbAParameter> self(this);
     setAutomaticEnabled(true);
-    setAutomatic(true);
+    if (self)
+        setAutomatic(true);
 }
 
 template <class T, KpaAtomicConfig<T> Config>
 void KpaAAtomic<T, Config>::activateAutoValue(const T& value)
 {
+    const KuoPointer<KpbAParameter> self(this);
     activateAutoValue();
-    setAutoValue(value);
+    if (self)
+        setAutoValue(value);
 }
 
 template <class T, KpaAtomicConfig<T> Config>
@@ -204,16 +204,15 @@ void KpaAAtomic<T, Config>::unsetAutoValue()
 template <class T, KpaAtomicConfig<T> Config>
 void KpaAAtomic<T, Config>::_configChanged()
 {
-    KuoLock<KpnModif> lock(this);
-    _notify(Kp::NotifyConfig);
+    Kp::NotificationFlags flags = Kp::NotifyConfig;
     T fixed = _config.fix(_value, _config.getInitialValue());
     if (fixed != _value) {
         _value = std::move(fixed);
-        _notify(Kp::NotifyValue);
+        flags |= Kp::NotifyValue;
     }
     if (isAutomaticValueInitialized() && _config.fix(_autoValue, _config.getInitialValue()) != _autoValue)
         _setAutomaticValueInitialized(false);
-    lock.commit();
+    _notifyBatch(flags);
 }
 
 template <class T, KpaAtomicConfig<T> Config>

@@ -97,6 +97,11 @@ TEST(KpaIntegerConfig, FixBringsValuesIntoTheLimits)
         {0, 10, true, false, -10, 0, 10},
         {0, 10, true, false, 4, 0, 4},
         {3, 3, true, false, 8, 0, 3}, // no cycle to walk
+        {3, 3, true, false, 1, 0, 3},
+        {10, 20, true, false, 10, 0, 10},
+        {10, 20, true, false, -10, 0, 20}, // two whole cycles below
+        {10, 20, true, false, -11, 0, 19},
+        {10, 0, true, false, 5, 0, 15}, // the formula holds for crossed limits too
         {U, U, false, false, U, 7, 7},
         {U, U, false, false, U, U, 0},
         {2, 9, false, false, U, U, 2},
@@ -401,6 +406,40 @@ TEST(KpaInteger, SwitchingUndefineOffFallsBackToTheInitialValue)
     EXPECT_EQ(observer.allFlags(), QList<int>({3}));
 }
 
+TEST(KpaInteger, AnAutomaticValueThatStillFitsStaysKnown)
+{
+    KpaInteger a("a");
+    a.setAutoValue(5);
+    a.setMaximum(10);
+    EXPECT_TRUE(a.isAutomaticValueInitialized());
+}
+
+TEST(KpaInteger, SwitchingWrappingOnRepairsTheValue)
+{
+    KpaInteger a("a");
+    a.setRange(0, 10);
+    a.setValue(10);
+    const RecordingObserver observer(a);
+    a.setWrapping(true);
+    EXPECT_EQ(a.getValue(), 0);
+    EXPECT_EQ(observer.allFlags(), QList<int>({3}));
+    EXPECT_TRUE(a.isWrapped());
+}
+
+TEST(KpaInteger, TellsWhatItsConfigurationHas)
+{
+    KpaInteger a("a");
+    a.setRange(1, 9);
+    a.setStep(2);
+    a.setUndefineEnabled(true);
+    EXPECT_TRUE(a.isMinimumDefined() && a.isMaximumDefined() && a.isStepDefined() && a.isUndefineEnabled());
+    EXPECT_EQ(a.getMinimum(), 1);
+    EXPECT_EQ(a.getMaximum(), 9);
+    EXPECT_EQ(a.getStep(), 2);
+    a.unsetMinimum();
+    EXPECT_FALSE(a.isMinimumDefined());
+}
+
 TEST(KpaInteger, SetRangeOrdersItsEndsAndNotifiesOnce)
 {
     KpaInteger a("a");
@@ -448,6 +487,55 @@ TEST(KpaInteger, ReadsAStoredValueAsItsCallerWouldSetIt)
     EXPECT_EQ(a.serialize(), valueMap("10"));
 }
 
+TEST(KpaInteger, ReadingItsOwnValueOrNothingIsSilentAndKeepsTheMode)
+{
+    KpaInteger a("a");
+    a.activateAutoValue(3);
+    const RecordingObserver observer(a);
+    a.unserialize(valueMap("3"));
+    a.unserialize({});
+    a.unserialize(valueMap("junk"));
+    EXPECT_TRUE(a.isAutomatic());
+    EXPECT_TRUE(observer.records.isEmpty());
+}
+
+TEST(KpaInteger, TakesItsOwnValuesAsArguments)
+{
+    KpaInteger a("a");
+    a.setAutoValue(8);
+    a.setValue(a.getAutoValue());
+    EXPECT_EQ(a.getValue(), 8);
+    a.setValue(3);
+    a.setAutoValue(a.getValue());
+    EXPECT_EQ(a.getAutoValue(), 3);
+    a.setValue(a.getValue());
+    EXPECT_EQ(a.getValue(), 3);
+}
+
+TEST(KpaInteger, LeavesTheTraceOfABatchAndOfANotificationWhereNobodyObserves)
+{
+    KpaInteger a("a");
+    a.setValue(1);
+    a.lock(true);
+    a.notify(KpnModif(Kp::NotifyValue, &a));
+    EXPECT_TRUE(a.hasNotifications());
+    a.clearNotifications();
+    a.lock(false);
+    a.setLabel("sends, and forgets the batch");
+    a.lock(true);
+    a.notify(KpnModif(Kp::NotifyValue, &a));
+    EXPECT_FALSE(a.hasNotifications());
+}
+
+TEST(KpaInteger, KeepsWhatComesWhileItIsLockedAndABatchHasEnded)
+{
+    KpaInteger a("a");
+    a.setValue(1);
+    a.lock(true);
+    a.setValue(2);
+    EXPECT_TRUE(a.hasNotifications());
+}
+
 TEST(KpaInteger, ADuplicateHasEverythingButTheObservers)
 {
     KpaInteger a("a");
@@ -486,6 +574,36 @@ TEST(KpaInteger, AnObserverMayDestroyTheParameter)
     a->setValue(7);
     EXPECT_EQ(a, nullptr);
 }
+
+namespace {
+
+class DestroysAtOnce : public KuoIObserver<KpnModif>
+{
+public:
+    explicit DestroysAtOnce(std::unique_ptr<KpaInteger>& parameter) : victim(parameter) { victim->addObserver(this); }
+    void update(const KpnModif&) override { victim.reset(); }
+    std::unique_ptr<KpaInteger>& victim;
+};
+
+} // namespace
+
+TEST(KpaInteger, AnObserverMayDestroyTheParameterBetweenTwoNotificationsOfOneCall)
+{
+    const std::function<void(KpaInteger&)> calls[] = {
+        [](KpaInteger& a) { a.activateAutoValue(); },     [](KpaInteger& a) { a.activateAutoValue(5); },
+        [](KpaInteger& a) { a.activateValueLock(true); }, [](KpaInteger& a) { a.setEnabled(false); },
+        [](KpaInteger& a) { a.setMaximum(-5); },          [](KpaInteger& a) { a.setAutomatic(true); },
+    };
+    for (const auto& call : calls) {
+        auto a = std::make_unique<KpaInteger>("a");
+        const DestroysAtOnce destroys(a);
+        call(*a);
+        EXPECT_EQ(a, nullptr);
+    }
+}
+
+static_assert(!std::is_copy_constructible_v<KpaInteger>);
+static_assert(!std::is_copy_assignable_v<KpaInteger>);
 
 namespace {
 
@@ -530,7 +648,7 @@ TEST(KpaInteger, SettingAValueThatNobodyObservesAllocatesNothing)
     EXPECT_EQ(counted.count(), 0);
 }
 
-TEST(KpaInteger, SettingAnObservedValueAllocatesNothingOnceItHasBeenHeardOf)
+TEST(KpaInteger, SettingAnObservedValueAllocatesNoMoreThanTheRecordOfItsBatch)
 {
     class Ignores : public KuoIObserver<KpnModif>
     {

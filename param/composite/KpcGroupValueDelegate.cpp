@@ -1,0 +1,3 @@
+#include <param/composite/KpcGroupValueDelegate.h>
+
+KpcGroupValueDelegate::~KpcGroupValueDelegate() = default;

@@ -1,0 +1,27 @@
+# Installs the build, moves the installation to another folder, and builds and runs a project of its own against it.
+cmake_minimum_required(VERSION 3.25)
+include("${CMAKE_CURRENT_LIST_DIR}/Steps.cmake")
+
+file(REMOVE_RECURSE "${WORK}")
+step("Installing" ${CMAKE_COMMAND} --install "${BUILD}" --prefix "${WORK}/installed")
+file(RENAME "${WORK}/installed" "${WORK}/moved")
+
+file(GLOB_RECURSE packages "${WORK}/moved/*.cmake")
+if(NOT packages)
+    message(FATAL_ERROR "No package was installed.")
+endif()
+foreach(package IN LISTS packages)
+    file(READ "${package}" text)
+    string(FIND "${text}" "${SOURCE}" at)
+    if(NOT at EQUAL -1)
+        message(FATAL_ERROR "${package} names the source folder.")
+    endif()
+endforeach()
+
+configure("${CMAKE_CURRENT_LIST_DIR}/consumer" "${WORK}/build")
+step("Building" ${CMAKE_COMMAND} --build "${WORK}/build")
+step("Running" "${WORK}/build/consumer")
+file(READ "${CMAKE_CURRENT_LIST_DIR}/consumer/expected.txt" expected)
+if(NOT STEP_OUTPUT STREQUAL expected)
+    message(FATAL_ERROR "The consumer printed\n${STEP_OUTPUT}\nand not\n${expected}")
+endif()
