@@ -271,7 +271,8 @@ TEST(KpwEnabler, SurvivesThatItsSourceIsDestroyedByAnObserverOfATarget)
     EXPECT_FALSE(group.hasChildren());
     EXPECT_FALSE(second.getEnabledFlag());
     enabler->setInverted(true);
-    EXPECT_FALSE(second.getEnabledFlag());
+    enabler->setInverted(false);
+    EXPECT_TRUE(second.getEnabledFlag());
 }
 
 TEST(KpwEnabler, TogglesTheParametersOfTheGroupThatItWasCopiedTo)

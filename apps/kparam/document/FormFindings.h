@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QtCore/QHash>
+#include <QtCore/QJsonObject>
+#include <QtCore/QVector>
+
+#include <document/ElementPlace.h>
+#include <param/KpbAParameter.h>
+
+/// Something in a document that a tree of parameters did not take over as it stands.
+struct Finding
+{
+    enum Kind
+    {
+        Unknown,  ///< nothing reads it
+        Refused,  ///< the parameter could not use it
+        Repaired, ///< the parameter made something else of it
+        TooNew,   ///< it is of a version that the class does not know
+        Ignored,  ///< the parameter is not stored
+        Repeated, ///< a later element of the same key takes its place
+    };
+
+    Kind kind;
+    QString path; ///< of the element, by the keys below the root; "." for the root
+    ElementPlace place;
+    QString text;
+
+    /// "unknown", "refused", "repaired", "too new", "ignored" or "repeated".
+    QString getKindName() const;
+    /// The finding behind file and place, in a line.
+    QString toString(const QString& file) const;
+    QJsonObject toJson() const;
+};
+
+/// The entries of each parameter of a tree.
+using FormSnapshot = QHash<const KpbAParameter*, KpbAParameter::SerialForm>;
+FormSnapshot takeSnapshot(const KpbAParameter& root);
+
+/// Compares a document that has been read with the tree that has read it.
+class FormFindings
+{
+public:
+    /// `element` is the root as the reading has left it, converted where it was older; `before` the tree's entries
+    /// before the reading.
+    FormFindings(const QDomElement& element, const KpbAParameter& root, const FormSnapshot& before);
+
+    const QVector<Finding>& getFindings() const { return _findings; }
+    /// The paths of parameters that the document does not have and that kept their state, without those below them.
+    const QStringList& getAbsent() const { return _absent; }
+
+private:
+    void _collect(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    bool _isRead(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _checkAttributes(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _checkEntries(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _checkValue(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _collectChildren(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _collectAbsent(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    void _add(Finding::Kind kind, const QDomElement& element, const QString& path, const QString& text);
+
+    const FormSnapshot& _before;
+    QVector<Finding> _findings;
+    QStringList _absent;
+};

@@ -1,0 +1,57 @@
+#include <apps/KparamTest.h>
+
+namespace {
+
+class KparamDemo : public KparamTest
+{};
+
+const QString success = QStringLiteral("demo: all steps gave what they must");
+
+TEST_F(KparamDemo, EndsWithItsLineAndZero)
+{
+    const KparamRun demo = run({"demo"});
+    EXPECT_EQ(demo.code, 0) << demo.out.toStdString();
+    EXPECT_EQ(demo.lastLine(), success);
+    EXPECT_TRUE(demo.err.isEmpty()) << demo.err.toStdString();
+    EXPECT_FALSE(demo.out.contains("FAILED"));
+    EXPECT_TRUE(files().isEmpty());
+}
+
+TEST_F(KparamDemo, ShowsTreeRecordsFicheKeyAndMigratedValues)
+{
+    const QString out = run({"demo"}).out;
+    EXPECT_TRUE(out.contains("   │  ├─ RADIUS          Radius                        100 m (automatic)\n"));
+    EXPECT_TRUE(out.contains("     ok  record: SEARCH/RADIUS value, config\n"));
+    EXPECT_TRUE(out.contains("     ok  record: NAME value; SEARCH/MAX_SAMPLES value; STATISTICS value\n"));
+    EXPECT_TRUE(out.contains("METHOD=<value|TkVBUkVTVA==>{}NAME=<value|UnVuIDI=>"));
+    EXPECT_TRUE(out.contains("     ok  migrated: OUTPUTS = AVG|VAR|NB  ->  STATISTICS = MEAN|VARIANCE|SAMPLE_COUNT\n"));
+    EXPECT_TRUE(out.contains("Cannot load parameter 'DemoTask' because version is too recent."));
+}
+
+TEST_F(KparamDemo, LeavesItsStoreInTheFolderAndUsesItAgain)
+{
+    EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
+    EXPECT_EQ(run({"store", "a/b/demo.kestrin", "list"}).out, "Identifier  Fiche key\n"
+                                                              "ESTIMATION  METHOD=NEAREST, NAME=Run 2\n");
+    EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
+}
+
+TEST_F(KparamDemo, NamesTheStepsThatFailed)
+{
+    file("demo.kestrin", QByteArray(4096, 'x'));
+    const KparamRun demo = run({"demo", "."});
+    EXPECT_EQ(demo.code, 1);
+    EXPECT_EQ(demo.lastLine(), "demo: these steps failed: save, reopen");
+    EXPECT_TRUE(demo.out.contains("FAILED  "));
+    EXPECT_EQ(read("demo.kestrin"), QByteArray(4096, 'x'));
+}
+
+TEST_F(KparamDemo, TellsWhenTheFolderCannotBeMade)
+{
+    file("n.xml", "");
+    const KparamRun demo = run({"demo", "n.xml/a"});
+    EXPECT_EQ(demo.code, 5);
+    EXPECT_EQ(demo.err, "kparam: n.xml/a: The folder cannot be made.\n");
+}
+
+} // namespace
