@@ -1,0 +1,36 @@
+#pragma once
+
+#include "Plan.h"
+
+#include <QtXml/QDomDocument>
+
+/// QDomDocument alone: the document is the tree.
+struct Dom
+{
+    using Root = QDomDocument;
+
+    static constexpr const char* name = "dom";
+
+    /// The elements with key, label and bounds as attributes, and the value as text.
+    static Root build(const Plan& plan);
+    static Root duplicate(const Root& root) { return root.cloneNode(true).toDocument(); }
+    /// The text that the library makes of a tree of this plan, with `offset` added to each value.
+    static QByteArray save(const Plan& plan, double offset = 0.0);
+    /// The sum of the values in the text.
+    static double sum(const QByteArray& text);
+
+    /// A document with the declaration and an empty root.
+    static Root makeDocument();
+    static QDomElement appendParam(QDomElement& parent, const QString& key, const QString& text = QString());
+    static QString toText(double value) { return QString::number(value, 'g', 10); }
+    /// Calls `visit(key, element)` for each child parameter of `element`.
+    template <class Visit>
+    static void forEachParam(const QDomElement& element, Visit visit)
+    {
+        const QString param = QStringLiteral("param");
+        const QString key = QStringLiteral("key");
+        for (QDomElement child = element.firstChildElement(param); !child.isNull();
+             child = child.nextSiblingElement(param))
+            visit(child.attribute(key), child);
+    }
+};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "Plan.h"
+
+#include <param/atomic/KpaDouble.h>
+#include <param/composite/KpcGroup.h>
+
+#include <memory>
+#include <vector>
+
+/// The library.
+struct Kestrin
+{
+    using Leaf = KpaDouble;
+    using Group = KpcGroup;
+    using Root = std::unique_ptr<Group>;
+    using Batch = KuoLock<KpnModif>;
+
+    /// Counts the changes that reach a parameter.
+    class Observer : public KuoIObserver<KpnModif>
+    {
+    public:
+        explicit Observer(const KpbAParameter& parameter) : _parameter(parameter) { _parameter.addObserver(this); }
+        ~Observer() override { _parameter.removeObserver(this); }
+        Observer(const Observer&) = delete;
+        Observer& operator=(const Observer&) = delete;
+
+        void update(const KpnModif& modif) override { _changes += modif.getNumberOfModif(); }
+        qint64 getChanges() const { return _changes; }
+
+    private:
+        const KpbAParameter& _parameter;
+        qint64 _changes = 0;
+    };
+
+    static constexpr const char* name = "kestrin";
+
+    static std::unique_ptr<Leaf> makeLeaf(const Plan::Row& row);
+    static Root makeGroup(const QString& key, const QString& label);
+    static void add(Group& group, std::unique_ptr<KpbAParameter> child);
+    static Group& getGroup(const Group& root, const QString& key) { return static_cast<Group&>(*root.getChild(key)); }
+    static void remove(Group& group, const QString& key) { group.deleteParameter(key); }
+    static void collectLeaves(const KpbAParameter& parameter, std::vector<Leaf*>& leaves);
+
+    static Root build(const Plan& plan);
+    static Root duplicate(const Root& root) { return Root(root->duplicate(QString())); }
+    static QByteArray save(const Group& root);
+    /// Gives whether the text could be read.
+    static bool load(Group& root, const QByteArray& text);
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtCore/QString>
+
+#include <vector>
+
+/// What a tree of doubles is to be built of, the same for all sides: groups of 20 leaves with keys, labels, bounds and
+/// values. Plans are made once; all rows share the bounds.
+class Plan
+{
+public:
+    struct Row
+    {
+        QString key;
+        QString label;
+        double value;
+    };
+
+    static constexpr int GroupSize = 20;
+    static constexpr double Minimum = 0.0;
+    static constexpr double Maximum = 1e6;
+
+    /// The plan with this number of leaves, a multiple of 20.
+    static const Plan& of(int leafCount);
+
+    const std::vector<Row>& getLeaves() const { return _leaves; }
+    const std::vector<Row>& getGroups() const { return _groups; }
+
+    template <class EnterGroup, class VisitLeaf>
+    void walk(EnterGroup enterGroup, VisitLeaf visitLeaf) const
+    {
+        for (std::size_t i = 0; i < _leaves.size(); ++i) {
+            if (i % GroupSize == 0)
+                enterGroup(_groups[i / GroupSize]);
+            visitLeaf(_leaves[i]);
+        }
+    }
+
+private:
+    explicit Plan(int leafCount);
+
+    std::vector<Row> _leaves;
+    std::vector<Row> _groups;
+};

@@ -1,0 +1,27 @@
+#include "Benchmarks.h"
+
+#include <QtCore/QtGlobal>
+
+namespace {
+
+#ifdef __clang__
+constexpr const char* compiler = __VERSION__;
+#else
+constexpr const char* compiler = "g++ " __VERSION__;
+#endif
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    registerSetBenchmarks();
+    registerBatchBenchmarks();
+    registerTreeBenchmarks();
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::AddCustomContext("compiler", compiler);
+    benchmark::AddCustomContext("Qt", qVersion());
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
