@@ -160,8 +160,8 @@ double KpaDoubleConfig::_wrappedFix(double value) const
     const bool above = value >= _maximum;
     if (range != 0 && std::isfinite(range) && (above || value < _minimum)) {
         const double turns = std::trunc((above ? value - _maximum : _minimum - value) / range) + 1;
-        if (std::abs(turns) > std::numeric_limits<int>::max())
-            return _clamp(value);
+        if (!(std::abs(turns) <= std::numeric_limits<int>::max()))
+            return _minimum; // on the cycle, unlike the maximum
         value += above ? -turns * range : turns * range;
     }
     return range < 0 ? value : _clamp(value); // rounding may have led over a limit

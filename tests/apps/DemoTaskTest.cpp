@@ -124,7 +124,7 @@ TEST(DemoTask, ClimbsFromVersion2To3)
 TEST(DemoTask, TakesAnEmptyLimitOfVersion2AsNoTrimming)
 {
     DemoTask task("T", noProject);
-    at<KpaBool>(task, {"TRIMMING", "USE_TRIMMING"}).setValue(false);
+    at<KpaBool>(task, {"TRIMMING", "USE_TRIMMING"}).setValue(true);
     load(task, "<task version=\"2\"><param key=\"UPPER_LIMIT\"></param></task>");
     EXPECT_EQ(stored(task, {"TRIMMING", "USE_TRIMMING"}), "no");
     EXPECT_EQ(stored(task, {"TRIMMING", "TRIMMING_GROUP", "UPPER_LIMIT"}), "30");

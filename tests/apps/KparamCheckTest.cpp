@@ -101,8 +101,9 @@ TEST_F(KparamCheck, TellsWhatIsConvertedAndWhatIsAbsent)
     EXPECT_EQ(check.value("conversion").toArray().first().toObject(),
               (QJsonObject{{"from", QJsonObject{{"path", "METHOD"}, {"text", "KRIGING"}}},
                            {"to", QJsonObject{{"path", "METHOD"}, {"text", "ORDINARY_KRIGING"}}}}));
-    EXPECT_EQ(check.value("absent").toArray(), (QJsonArray{"SAMPLES_FILE", "RESULT_FOLDER", "TRIMMING", "RANDOM_PATH",
-                                                           "SEED", "REPORT_UNIT", "SEARCH/SECTORS"}));
+    EXPECT_EQ(check.value("absent").toArray(),
+              (QJsonArray{"SAMPLES_FILE", "RESULT_FOLDER", "RANDOM_PATH", "SEED", "REPORT_UNIT", "SEARCH/SECTORS",
+                          "TRIMMING/TRIMMING_GROUP"}));
     EXPECT_EQ(check.value("rewriting").toObject().value("result").toString(), "different");
 }
 

@@ -68,9 +68,11 @@ void readOldDocuments(DemoReport& report)
          "2",
          {"METHOD = KRIGING  ->  METHOD = ORDINARY_KRIGING", "RADIUS = 100  ->  SEARCH/RADIUS = 100",
           "AZIMUTH = 120  ->  SEARCH/AZIMUTH = 120", "MAX_SAMPLES = 48  ->  SEARCH/MAX_SAMPLES = 48",
-          "UPPER_LIMIT = (empty)  ->  (gone)", "STATISTICS = MEAN|COUNT  ->  STATISTICS = MEAN|SAMPLE_COUNT"},
+          "UPPER_LIMIT = (empty)  ->  (gone)", "STATISTICS = MEAN|COUNT  ->  STATISTICS = MEAN|SAMPLE_COUNT",
+          "(new)  ->  TRIMMING/USE_TRIMMING = no"},
          {{"METHOD", "ORDINARY_KRIGING"}, {"SEARCH/MAX_SAMPLES", "48"}, {"TRIMMING/USE_TRIMMING", "no"}},
-         {"SAMPLES_FILE", "RESULT_FOLDER", "TRIMMING", "RANDOM_PATH", "SEED", "REPORT_UNIT", "SEARCH/SECTORS"}},
+         {"SAMPLES_FILE", "RESULT_FOLDER", "RANDOM_PATH", "SEED", "REPORT_UNIT", "SEARCH/SECTORS",
+          "TRIMMING/TRIMMING_GROUP"}},
         report);
     readOldDocument({"kparam-demo-partial.xml",
                      "1",

@@ -51,15 +51,17 @@ QDomElement DemoTask::_getOrCreateGroup(const QDomElement& parent, const QString
     return group.isNull() ? _convertXmlCreateNewParam(parent, key) : group;
 }
 
-// In version 2 an empty limit, or none, said that nothing is trimmed.
+// In version 2 an empty limit said that nothing is trimmed.
 void DemoTask::_moveLimitIntoTrimming(QDomElement element)
 {
     const QDomElement limit = _convertXmlGetParam(element, {"UPPER_LIMIT"});
-    if (limit.isNull() || KuxXml::getValue(limit).isEmpty()) {
-        element.removeChild(limit);
+    if (limit.isNull())
         return;
-    }
+    const bool trimmed = !KuxXml::getValue(limit).isEmpty();
     const QDomElement trimming = _getOrCreateGroup(element, "TRIMMING");
-    KuxXml::setValue(_getOrCreateGroup(trimming, "USE_TRIMMING"), "yes");
-    _convertXmlChangeParent(element, "UPPER_LIMIT", _getOrCreateGroup(trimming, "TRIMMING_GROUP"), QString());
+    KuxXml::setValue(_getOrCreateGroup(trimming, "USE_TRIMMING"), trimmed ? "yes" : "no");
+    if (trimmed)
+        _convertXmlChangeParent(element, "UPPER_LIMIT", _getOrCreateGroup(trimming, "TRIMMING_GROUP"), QString());
+    else
+        element.removeChild(limit);
 }

@@ -55,9 +55,9 @@ public:
     bool setUndefineEnabled(bool enabled);
     /// Whether values wrap around between two limits instead of being clamped. The cycle runs from the minimum,
     /// included, to the maximum, excluded; a value that lies whole cycles below the minimum lands on the maximum.
-    /// Values are clamped all the same where no cycle can be walked: a range that is zero or not finite, or more turns
-    /// than a 32-bit integer counts. Crossed limits go through the same arithmetic, which then need not end between
-    /// them.
+    /// Values are clamped all the same where no cycle can be walked, the range being zero or not finite, and become the
+    /// minimum where that takes more turns than a 32-bit integer counts. Crossed limits go through the same arithmetic,
+    /// which then need not end between them.
     bool setWrapped(bool wrapped);
     /// Drops a custom format, which is a change even where class and power stay the same.
     bool setUnitClass(const MbuEUnitClass& unitClass, int powerValue);
