@@ -2,14 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
+#if defined(__SANITIZE_ADDRESS__) || __has_feature(address_sanitizer)
 #define KESTRIN_TESTS_FIND_LEAKS
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define KESTRIN_TESTS_FIND_LEAKS
-#endif
-#ifdef KESTRIN_TESTS_FIND_LEAKS
 #include <sanitizer/lsan_interface.h>
 #endif
 
