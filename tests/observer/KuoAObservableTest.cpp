@@ -59,9 +59,9 @@ const QStringList nothing;
 
 TEST(KuoAObservable, CallsObserversInOrderOfRegistration)
 {
+    Listener a, b;
     Source source;
     QStringList order;
-    Listener a, b;
     a.reaction = [&](const Words&) { order << QStringLiteral("a"); };
     b.reaction = [&](const Words&) { order << QStringLiteral("b"); };
     source.addObserver(&b);
@@ -72,8 +72,8 @@ TEST(KuoAObservable, CallsObserversInOrderOfRegistration)
 
 TEST(KuoAObservable, TakesAnObserverOnceAndIgnoresNull)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.addObserver(&a);
     source.addObserver(nullptr);
@@ -84,8 +84,8 @@ TEST(KuoAObservable, TakesAnObserverOnceAndIgnoresNull)
 
 TEST(KuoAObservable, NamesItselfInTheRecordThatItSends)
 {
-    Source source;
     Listener a;
+    Source source;
     const KuoAObservable<Words>* sender = nullptr;
     a.reaction = [&](const Words& record) {
         EXPECT_TRUE(record.isValid());
@@ -108,8 +108,8 @@ TEST(KuoAObservable, KeepsNothingWhereNobodyObserves)
 
 TEST(KuoAObservable, MergesIntoThePendingRecordWhileOnlyFormerObserversAreInTheList)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.removeObserver(&a);
     source.lock(true);
@@ -119,8 +119,8 @@ TEST(KuoAObservable, MergesIntoThePendingRecordWhileOnlyFormerObserversAreInTheL
 
 TEST(KuoAObservable, ForgetsFormerObserversAtTheEndOfTheNextSend)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.removeObserver(&a);
     source.notify("x");
@@ -142,8 +142,8 @@ TEST(KuoAObservable, ABatchThatEndedCountsAsAFormerObserver)
 
 TEST(KuoAObservable, CollectsWhileLockedAndSendsOneMergedRecordAtCommit)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     EXPECT_FALSE(source.lock(true));
     EXPECT_TRUE(source.isLocked());
@@ -160,8 +160,8 @@ TEST(KuoAObservable, CollectsWhileLockedAndSendsOneMergedRecordAtCommit)
 
 TEST(KuoAObservable, ANotificationAfterUnlockingSendsWhatWasCollectedToo)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.lock(true);
     source.notify("x");
@@ -172,8 +172,8 @@ TEST(KuoAObservable, ANotificationAfterUnlockingSendsWhatWasCollectedToo)
 
 TEST(KuoAObservable, DropsRecordsWhileTheObservableItselfIsLocked)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     EXPECT_FALSE(source.lockObservable(true));
     source.notify("x");
@@ -185,8 +185,8 @@ TEST(KuoAObservable, DropsRecordsWhileTheObservableItselfIsLocked)
 
 TEST(KuoAObservable, ClearNotificationsLosesWhatWasCollected)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.lock(true);
     source.notify("x");
@@ -198,8 +198,8 @@ TEST(KuoAObservable, ClearNotificationsLosesWhatWasCollected)
 
 TEST(KuoAObservable, CommitWithNothingPendingSendsNothing)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.commit();
     source.notify(Words());
@@ -208,8 +208,8 @@ TEST(KuoAObservable, CommitWithNothingPendingSendsNothing)
 
 TEST(KuoAObservable, PassesOverAnObserverWhileItsLockCountIsNotZero)
 {
-    Source source;
     Listener a, stranger;
+    Source source;
     source.addObserver(&a);
     source.lockObserver(&a, true);
     source.lockObserver(&a, true);
@@ -225,8 +225,8 @@ TEST(KuoAObservable, PassesOverAnObserverWhileItsLockCountIsNotZero)
 
 TEST(KuoAObservable, DoesNotCallAnObserverThatWasAddedDuringTheSend)
 {
-    Source source;
     Listener a, late;
+    Source source;
     a.reaction = [&](const Words&) { source.addObserver(&late); };
     source.addObserver(&a);
     source.notify("x");
@@ -237,8 +237,8 @@ TEST(KuoAObservable, DoesNotCallAnObserverThatWasAddedDuringTheSend)
 
 TEST(KuoAObservable, DoesNotCallAnObserverThatAnotherRemovedBeforeItsTurn)
 {
-    Source source;
     Listener a, b, c;
+    Source source;
     a.reaction = [&](const Words&) { source.removeObserver(&b); };
     source.addObserver(&a);
     source.addObserver(&b);
@@ -250,8 +250,8 @@ TEST(KuoAObservable, DoesNotCallAnObserverThatAnotherRemovedBeforeItsTurn)
 
 TEST(KuoAObservable, AnObserverMayRemoveItselfAndThePreviousOne)
 {
-    Source source;
     Listener a, b, c;
+    Source source;
     b.reaction = [&](const Words&) {
         source.removeObserver(&a);
         source.removeObserver(&b);
@@ -268,9 +268,9 @@ TEST(KuoAObservable, AnObserverMayRemoveItselfAndThePreviousOne)
 
 TEST(KuoAObservable, AnObserverThatDiesDuringTheSendIsNotCalled)
 {
-    Source source;
     Listener a;
     auto b = std::make_unique<Listener>();
+    Source source;
     a.reaction = [&](const Words&) {
         source.removeObserver(b.get());
         b.reset();
@@ -283,8 +283,8 @@ TEST(KuoAObservable, AnObserverThatDiesDuringTheSendIsNotCalled)
 
 TEST(KuoAObservable, AnObserverMayLockAndCollectDuringTheSend)
 {
-    Source source;
     Listener a, b;
+    Source source;
     a.reaction = [&](const Words&) {
         a.reaction = nullptr;
         KuoLock<Words> lock(&source);
@@ -301,8 +301,8 @@ TEST(KuoAObservable, AnObserverMayLockAndCollectDuringTheSend)
 
 TEST(KuoAObservable, ANotificationDuringTheSendStartsAFreshRecord)
 {
-    Source source;
     Listener a;
+    Source source;
     a.reaction = [&](const Words& record) {
         if (record.words == QStringList("x"))
             source.notify("y");
@@ -314,8 +314,8 @@ TEST(KuoAObservable, ANotificationDuringTheSendStartsAFreshRecord)
 
 TEST(KuoAObservable, AnObserverMayDestroyTheObservable)
 {
-    auto source = std::make_unique<Source>();
     Listener a, b;
+    auto source = std::make_unique<Source>();
     a.reaction = [&](const Words&) { source.reset(); };
     source->addObserver(&a);
     source->addObserver(&b);
@@ -326,8 +326,8 @@ TEST(KuoAObservable, AnObserverMayDestroyTheObservable)
 
 TEST(KuoAObservable, AnObserverMayDestroyTheObservableInNestedSendsOfABatch)
 {
-    auto source = std::make_unique<Source>();
     Listener a;
+    auto source = std::make_unique<Source>();
     a.reaction = [&](const Words& record) {
         if (record.words == QStringList("x"))
             source->notify("y");
@@ -343,9 +343,9 @@ TEST(KuoAObservable, AnObserverMayDestroyTheObservableInNestedSendsOfABatch)
 
 TEST(KuoAObservable, PrintsAWarningAtThe102ndNestedSendAndLosesItsRecord)
 {
+    Listener a;
     RecordedMessages messages;
     Source source;
-    Listener a;
     a.reaction = [&](const Words&) { source.notify("again"); };
     source.addObserver(&a);
     source.notify("first");
@@ -374,9 +374,9 @@ class KuoAObservableThrows : public testing::TestWithParam<ThrownCase>
 
 TEST_P(KuoAObservableThrows, WarnsAndCallsTheNextObserver)
 {
+    Listener a, b;
     RecordedMessages messages;
     Source source;
-    Listener a, b;
     a.reaction = [&](const Words&) { GetParam().raise(); };
     source.addObserver(&a);
     source.addObserver(&b);
@@ -404,8 +404,8 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(KuoAObservable, LetsAnExceptionOfTheFamilyThatIsNoErrorLeaveTheSend)
 {
-    Source source;
     Listener a, b;
+    Source source;
     a.reaction = [&](const Words&) { throw MbeException(QStringLiteral("leaves")); };
     source.addObserver(&a);
     source.addObserver(&b);
@@ -415,9 +415,9 @@ TEST(KuoAObservable, LetsAnExceptionOfTheFamilyThatIsNoErrorLeaveTheSend)
 
 TEST(KuoAObservable, TellsEveryObserverOfItsDestruction)
 {
+    Listener a, removed, b;
     auto source = std::make_unique<Source>();
     const KuoAObservable<Words>* address = source.get();
-    Listener a, removed, b;
     source->addObserver(&a);
     source->addObserver(&removed);
     source->addObserver(&b);
@@ -430,8 +430,8 @@ TEST(KuoAObservable, TellsEveryObserverOfItsDestruction)
 
 TEST(KuoAObservable, AnObserverMayRemoveOthersAndAddItselfWhileToldOfTheDestruction)
 {
-    auto source = std::make_unique<Source>();
     Listener a, b, c;
+    auto source = std::make_unique<Source>();
     source->addObserver(&a);
     source->addObserver(&b);
     source->addObserver(&c);
@@ -448,8 +448,8 @@ TEST(KuoAObservable, AnObserverMayRemoveOthersAndAddItselfWhileToldOfTheDestruct
 
 TEST(KuoAObservable, ACopyHasTheObserversThePendingRecordAndTheStates)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.lock(true);
     source.notify("x");
@@ -464,8 +464,8 @@ TEST(KuoAObservable, ACopyHasTheObserversThePendingRecordAndTheStates)
 
 TEST(KuoAObservable, ManyAdditionsAndRemovalsWithoutASendTakeNoMoreRoom)
 {
-    Source source;
     Listener stays, passing;
+    Source source;
     source.addObserver(&stays);
     for (int i = 0; i < 100000; ++i) {
         source.addObserver(&passing);
@@ -478,9 +478,9 @@ TEST(KuoAObservable, ManyAdditionsAndRemovalsWithoutASendTakeNoMoreRoom)
 
 TEST(KuoAObservable, TellsEveryObserverOfItsDestructionWhateverTheyChangeMeanwhile)
 {
+    Listener a, b, late;
     auto source = std::make_unique<Source>();
     Source* raw = source.get();
-    Listener a, b, late;
     a.onDestroyed = [&] {
         raw->removeObserver(&a);
         raw->addObserver(&late);
@@ -494,8 +494,8 @@ TEST(KuoAObservable, TellsEveryObserverOfItsDestructionWhateverTheyChangeMeanwhi
 
 TEST(KuoAObservable, RemovingOrLockingAStrangerLeavesNoTrace)
 {
-    Source source;
     Listener stranger;
+    Source source;
     source.removeObserver(&stranger);
     source.lockObserver(&stranger, true);
     source.lock(true);
@@ -509,9 +509,9 @@ TEST(KuoAObservable, RemovingOrLockingAStrangerLeavesNoTrace)
 
 TEST(KuoAObservable, AnObserverThatComesAgainIsLastAndUnlocked)
 {
+    Listener a, b;
     Source source;
     QStringList order;
-    Listener a, b;
     a.reaction = [&](const Words&) { order << QStringLiteral("a"); };
     b.reaction = [&](const Words&) { order << QStringLiteral("b"); };
     source.addObserver(&a);
@@ -525,8 +525,8 @@ TEST(KuoAObservable, AnObserverThatComesAgainIsLastAndUnlocked)
 
 TEST(KuoAObservable, CommitSendsWhatWasPendingBeforeTheObservableWasLocked)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.lock(true);
     source.notify("x");
@@ -539,8 +539,8 @@ TEST(KuoAObservable, CommitSendsWhatWasPendingBeforeTheObservableWasLocked)
 
 TEST(KuoAObservable, ForgetsFormerObserversOnlyWhenTheOutermostSendHasEnded)
 {
-    Source source;
     Listener a, b;
+    Source source;
     bool collectedInside = false;
     a.reaction = [&](const Words& record) {
         if (record.words != QStringList("x"))
@@ -565,8 +565,8 @@ TEST(KuoAObservable, ForgetsFormerObserversOnlyWhenTheOutermostSendHasEnded)
 
 TEST(KuoAObservable, AnEmptyRecordForgetsNoFormerObserver)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     source.removeObserver(&a);
     source.notify(Words());
@@ -577,8 +577,8 @@ TEST(KuoAObservable, AnEmptyRecordForgetsNoFormerObserver)
 
 TEST(KuoAObservable, SendsAgainAfterAnExceptionLeftASend)
 {
-    Source source;
     Listener a, former;
+    Source source;
     a.reaction = [&](const Words&) { throw MbeException(QStringLiteral("leaves")); };
     source.addObserver(&a);
     source.addObserver(&former);
@@ -592,8 +592,8 @@ TEST(KuoAObservable, SendsAgainAfterAnExceptionLeftASend)
 
 TEST(KuoAObservable, TheThrowerMayDestroyTheObservable)
 {
-    auto source = std::make_unique<Source>();
     Listener a;
+    auto source = std::make_unique<Source>();
     a.reaction = [&](const Words&) {
         source.reset();
         throw MbeException(QStringLiteral("leaves"));
@@ -605,8 +605,8 @@ TEST(KuoAObservable, TheThrowerMayDestroyTheObservable)
 
 TEST(KuoAObservable, AssignmentTakesOverObserversPendingRecordAndStates)
 {
-    Source source, other;
     Listener a, b;
+    Source source, other;
     source.addObserver(&a);
     source.lock(true);
     source.notify("x");
@@ -630,8 +630,8 @@ TEST(KuoAObservable, ACopyMadeDuringABatchCountsItAsAFormerObserver)
 
 TEST(KuoLock, SendsOneMergedRecordAtCommitAndUnlocksAtItsEnd)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     {
         KuoLock<Words> lock(&source);
@@ -647,8 +647,8 @@ TEST(KuoLock, SendsOneMergedRecordAtCommitAndUnlocksAtItsEnd)
 
 TEST(KuoLock, LosesWhatWasNotCommitted)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     {
         KuoLock<Words> lock(&source);
@@ -661,8 +661,8 @@ TEST(KuoLock, LosesWhatWasNotCommitted)
 
 TEST(KuoLock, SendsNothingWhenAnExceptionLeavesTheBatch)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     const auto batch = [&] {
         KuoLock<Words> lock(&source);
@@ -676,8 +676,8 @@ TEST(KuoLock, SendsNothingWhenAnExceptionLeavesTheBatch)
 
 TEST(KuoLock, AnInnerBatchCommitsNothingAndLosesNothing)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     KuoLock<Words> outer(&source);
     {
@@ -720,8 +720,8 @@ TEST(KuoLock, OnADeadObservableDoesNothing)
 
 TEST(KuoLock, SurvivesTheDeathOfItsObservableInTheCommit)
 {
-    auto source = std::make_unique<Source>();
     Listener a;
+    auto source = std::make_unique<Source>();
     a.reaction = [&](const Words&) { source.reset(); };
     source->addObserver(&a);
     KuoLock<Words> lock(source.get());
@@ -744,8 +744,8 @@ TEST(KuoLock, BatchesMayEndInAnyOrder)
 
 TEST(KuoLockObserver, PassesOverTheObserverWhileItLives)
 {
-    Source source;
     Listener a, b;
+    Source source;
     source.addObserver(&a);
     source.addObserver(&b);
     {
@@ -759,8 +759,8 @@ TEST(KuoLockObserver, PassesOverTheObserverWhileItLives)
 
 TEST(KuoLockObserver, NestsByCounting)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     KuoLockObserver<Words> outer(&a, &source);
     {
@@ -772,8 +772,8 @@ TEST(KuoLockObserver, NestsByCounting)
 
 TEST(KuoLockObserver, SurvivesTheDeathOfItsObservable)
 {
-    auto source = std::make_unique<Source>();
     Listener a;
+    auto source = std::make_unique<Source>();
     source->addObserver(&a);
     KuoLockObserver<Words> lock(&a, source.get());
     KuoLockObserver<Words> none(nullptr, source.get());
@@ -784,8 +784,8 @@ TEST(KuoLockObserver, SurvivesTheDeathOfItsObservable)
 
 TEST(KuoLock, MayCommitTwiceAndSendsWhatComesDuringTheCommitAtOnce)
 {
-    Source source;
     Listener a;
+    Source source;
     a.reaction = [&](const Words& record) {
         if (record.words == QStringList("x"))
             source.notify("during");
@@ -801,8 +801,8 @@ TEST(KuoLock, MayCommitTwiceAndSendsWhatComesDuringTheCommitAtOnce)
 
 TEST(KuoLock, ForgetsOnlyItsOwnObservable)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     KuoLock<Words> lock(&source);
     {
@@ -817,8 +817,8 @@ TEST(KuoLock, ForgetsOnlyItsOwnObservable)
 
 TEST(KuoLockObserver, IsAnObserverItself)
 {
-    Source source;
     Listener a;
+    Source source;
     KuoLockObserver<Words> lock(&a, &source);
     source.lock(true);
     source.notify("x");
@@ -827,8 +827,8 @@ TEST(KuoLockObserver, IsAnObserverItself)
 
 TEST(KuoLockObserver, ForgetsOnlyItsOwnObservableAndEndsWellWithoutItsObserver)
 {
-    Source source;
     Listener a;
+    Source source;
     source.addObserver(&a);
     {
         KuoLockObserver<Words> lock(&a, &source);

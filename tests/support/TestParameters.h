@@ -63,9 +63,18 @@ class RelayingBranch : public TestBranch, public KuoIObserver<KpnModif>
 public:
     using TestBranch::TestBranch;
 
+    ~RelayingBranch() override
+    {
+        for (const auto& child : _plugged) {
+            if (child)
+                child->removeObserver(this);
+        }
+    }
+
     void plug(KpbAParameter& child)
     {
         add(child);
+        _plugged.emplace_back(&child);
         child.addObserver(this);
     }
     void update(const KpnModif& modif) override
@@ -74,4 +83,7 @@ public:
         record.append(this);
         notify(record);
     }
+
+private:
+    std::vector<KuoPointer<KpbAParameter>> _plugged;
 };
