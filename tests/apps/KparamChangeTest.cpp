@@ -127,8 +127,8 @@ TEST_F(KparamSet, TellsTheRecordsAsJson)
                            {"asked", "7"},
                            {"stored", "7"},
                            {"result", "same"},
-                           {"records",
-                            QJsonArray{QJsonArray{QJsonObject{{"path", "."}, {"flags", 1}, {"changed", "value"}}}}}}));
+                           {"records", QJsonArray{QJsonValue(QJsonArray{
+                                           QJsonObject{{"path", "."}, {"flags", 1}, {"changed", "value"}}})}}}));
 }
 
 TEST_F(KparamSet, WritesNothingWhereAValueIsRefusedOrRepaired)
