@@ -227,7 +227,7 @@ void KpbAParameter::_notify(const Kp::NotificationFlags& flags)
 void KpbAParameter::_notifyBatch(const Kp::NotificationFlags& flags)
 {
     if (_isUnheard())
-        _skipBatch();
+        _emptyBatch();
     else
         KuoAObservable::_notifyBatch(KpnModif(flags, this));
 }

@@ -13,10 +13,12 @@ class KpbAParameter;
 class KpnLife final : public KuoIGuard
 {
 public:
-    explicit KpnLife(KpbAParameter* target) : _target(target) {}
+    explicit KpnLife(KpbAParameter* target) : _target(target), _address(target) {}
 
     KpbAParameter* getTarget() const { return _target; }
     bool diedBy(std::uint64_t deaths) const { return !_target && _diedAs <= deaths; }
+    /// Where the parameter was at the given count of deaths, null if it was dead by then. Only to be compared.
+    const KpbAParameter* addressAt(std::uint64_t deaths) const { return diedBy(deaths) ? nullptr : _address; }
 
     void retain() { ++_references; }
     void release()
@@ -36,6 +38,7 @@ private:
     static std::atomic<std::uint64_t> _deaths;
 
     KpbAParameter* _target;
+    const KpbAParameter* const _address;
     std::uint64_t _diedAs = 0;
     int _references = 0;
 };

@@ -26,12 +26,13 @@ KpbAParameter* ObservableTraits<KpnModif>::fromBase(const KuoAObservable<KpnModi
 class KpnModif::Many
 {
 public:
-    explicit Many(Entry first) { add(std::move(first)); }
+    explicit Many(Entry first) : _dropBy(KpnLife::deaths()), _droppedBy(_dropBy) { add(std::move(first)); }
     // The table of the copy is made when it is needed.
     Many(const Many& other)
         : _entries(other._entries),
           _dropBy(other._dropBy),
           _droppedBy(other._droppedBy),
+          _settleAt(other._settleAt),
           _hasInvalid(other._hasInvalid),
           _sorted(other._sorted)
     {}
@@ -71,6 +72,10 @@ public:
             known->flags |= entry.flags;
             return;
         }
+        if (_entries.size() >= _settleAt) {
+            settle();
+            _settleAt = std::max(SettleFrom, _entries.size() * 2);
+        }
         _hasInvalid = _hasInvalid || !valid;
         _sorted = false;
         _entries.push_back(std::move(entry));
@@ -90,17 +95,20 @@ public:
         _table.clear();
     }
 
+    // Into the order that the paths had when the last merge began: what dies afterwards keeps its place.
     void sort()
     {
         settle();
         if (std::exchange(_sorted, true))
             return;
-        std::sort(_entries.begin(), _entries.end(), [](const Entry& a, const Entry& b) { return a.path < b.path; });
+        std::sort(_entries.begin(), _entries.end(),
+                  [&](const Entry& a, const Entry& b) { return a.path.wasLess(b.path, _dropBy); });
         _table.clear();
     }
 
 private:
     static constexpr std::size_t TableFrom = 8;
+    static constexpr std::size_t SettleFrom = 64;
 
     template <class Gone>
     void _remove(Gone gone)
@@ -162,8 +170,10 @@ private:
     std::vector<Entry> _entries;
     std::vector<std::uint32_t> _table;
     // Deaths up to which dead entries have to go, and have gone.
-    quint64 _dropBy = 0;
-    quint64 _droppedBy = 0;
+    quint64 _dropBy;
+    quint64 _droppedBy;
+    // The number of entries from which on the dead are not left to pile up until somebody looks.
+    std::size_t _settleAt = SettleFrom;
     // An entry came in that was dead already.
     bool _hasInvalid = false;
     bool _sorted = false;

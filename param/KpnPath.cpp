@@ -17,6 +17,15 @@ KpbAParameter* target(const KpnLife* life)
     return life ? life->getTarget() : nullptr;
 }
 
+template <class Address>
+bool isLess(KpnLife* const* left, int leftSize, KpnLife* const* right, int rightSize, Address addressOf)
+{
+    return std::lexicographical_compare(left, left + leftSize, right, right + rightSize,
+                                        [&](const KpnLife* a, const KpnLife* b) {
+                                            return std::less<const KpbAParameter*>()(addressOf(a), addressOf(b));
+                                        });
+}
+
 } // namespace
 
 KpnPath::KpnPath(const KpnPath& other)
@@ -151,13 +160,13 @@ bool operator==(const KpnPath& a, const KpnPath& b)
 
 bool operator<(const KpnPath& a, const KpnPath& b)
 {
-    for (int i = 0, common = std::min(a._size, b._size); i < common; ++i) {
-        const KpbAParameter* left = a.at(i);
-        const KpbAParameter* right = b.at(i);
-        if (left != right)
-            return std::less<>()(left, right);
-    }
-    return a._size < b._size;
+    return isLess(a._data(), a._size, b._data(), b._size, target);
+}
+
+bool KpnPath::wasLess(const KpnPath& other, quint64 deaths) const
+{
+    return isLess(_data(), _size, other._data(), other._size,
+                  [&](const KpnLife* life) { return life ? life->addressAt(deaths) : nullptr; });
 }
 
 std::size_t KpnPath::hash() const

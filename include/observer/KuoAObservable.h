@@ -66,10 +66,11 @@ protected:
         if (!_observableLocked)
             _formerEntries = false;
     }
-    /// What a batch leaves behind that had nothing to send, or where `_isUnheard()`.
-    void _skipBatch() const { _formerEntries = true; }
     /// The same as a batch around one `notify`, without its cost.
     void _notifyBatch(Record&& record) const;
+    /// The same as a batch around nothing, which still sends what is pending; or, where `_isUnheard()`, around one
+    /// `notify`.
+    void _emptyBatch() const;
 
 private:
     friend class KuoLock<Record>;
@@ -242,6 +243,17 @@ void KuoAObservable<Record>::_notifyBatch(Record&& record) const
     _formerEntries = true;
     record.setObservable(this);
     _send(record, true);
+}
+
+template <class Record>
+void KuoAObservable<Record>::_emptyBatch() const
+{
+    if (_locked || !hasNotifications()) {
+        _formerEntries = true;
+        return;
+    }
+    KuoLock<Record> lock(this);
+    lock.commit();
 }
 
 template <class Record>

@@ -26,7 +26,7 @@ struct KESTRIN_PARAM_EXPORT ObservableTraits<KpnModif>
 /// flags. Entries are in the order of their paths. Value semantics; large records share their entries until one
 /// changes.
 ///
-/// An entry whose path has died stays until the next merge or append, and is passed over by iterators.
+/// An entry whose path has died keeps its place until the next merge or append, and is passed over by iterators.
 class KESTRIN_PARAM_EXPORT KpnModif : public KuoAObservableModif<KpnModif, ObservableTraits<KpnModif>>,
                                       public MbbIDebuggable
 {
@@ -66,8 +66,8 @@ public:
     void replaceNotification(const KpbAParameter* parameter, Kp::NotificationFlag oldFlag,
                              Kp::NotificationFlag newFlag);
 
-    /// All entries. The map is made when it is asked for and lives until the record changes; to walk a record, use
-    /// `forEach` or a `KpnModifIterator`.
+    /// All entries. The map is made when it is asked for, with the paths that are dead by then first, and lives until
+    /// the record changes; to walk a record, use `forEach` or a `KpnModifIterator`.
     const QMap<KpnPath, Flags>& getModifs() const;
     /// Calls `function(const KpnPath&, Flags)` for each entry in order.
     template <class Function>

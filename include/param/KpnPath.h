@@ -48,6 +48,8 @@ public:
     std::size_t hash() const;
     /// Whether a parameter of the path died at or before the given count of deaths.
     bool diedBy(quint64 deaths) const;
+    /// Whether this path was less than `other` at the given count of deaths.
+    bool wasLess(const KpnPath& other, quint64 deaths) const;
 
 private:
     static constexpr int InlineCapacity = 5;

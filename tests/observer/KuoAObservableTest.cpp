@@ -28,6 +28,9 @@ class Source : public KuoAObservable<Words>
 {
 public:
     Source() : KuoAObservable(QStringLiteral("ignored")) {}
+
+    using KuoAObservable::_emptyBatch;
+    using KuoAObservable::_notifyBatch;
 };
 
 class Listener : public KuoIObserver<Words>
@@ -740,6 +743,228 @@ TEST(KuoLock, BatchesMayEndInAnyOrder)
     third.reset();
     first.reset();
     EXPECT_FALSE(source.isLocked());
+}
+
+struct BatchCase
+{
+    const char* name;
+    std::function<void(const Source&, const Words&)> batch;
+};
+
+void PrintTo(const BatchCase& road, std::ostream* stream)
+{
+    *stream << road.name;
+}
+
+/// The two roads of a batch around one notification, which nobody is to tell apart.
+class KuoAObservableBatch : public testing::TestWithParam<BatchCase>
+{
+protected:
+    void batch(const Words& record) { GetParam().batch(*source, record); }
+    QStringList collected()
+    {
+        source->lock(true);
+        source->notify("late");
+        const bool kept = source->hasNotifications();
+        source->clearNotifications();
+        source->lock(false);
+        return kept ? QStringList("late") : nothing;
+    }
+
+    Listener a, b;
+    std::unique_ptr<Source> source = std::make_unique<Source>();
+};
+
+INSTANTIATE_TEST_SUITE_P(All, KuoAObservableBatch,
+                         testing::Values(BatchCase{"Lock",
+                                                   [](const Source& source, const Words& record) {
+                                                       KuoLock<Words> lock(&source);
+                                                       source.notify(record);
+                                                       lock.commit();
+                                                   }},
+                                         BatchCase{"Short",
+                                                   [](const Source& source, const Words& record) {
+                                                       source._notifyBatch(Words(record));
+                                                   }}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_P(KuoAObservableBatch, SendsItsRecordUnlockedWithNothingPending)
+{
+    source->addObserver(&a);
+    a.reaction = [&](const Words& record) {
+        EXPECT_EQ(record.observable(), source.get());
+        EXPECT_FALSE(source->isLocked());
+        EXPECT_FALSE(source->hasNotifications());
+    };
+    batch("x");
+    EXPECT_EQ(a.heard, QStringList("x"));
+    EXPECT_FALSE(source->isLocked());
+}
+
+TEST_P(KuoAObservableBatch, CountsAsAFormerObserverUntilTheNextSend)
+{
+    batch("x");
+    EXPECT_EQ(collected(), QStringList("late"));
+    batch(Words());
+    EXPECT_EQ(collected(), QStringList("late"));
+    source->notify("sent to nobody");
+    EXPECT_EQ(collected(), nothing);
+}
+
+TEST_P(KuoAObservableBatch, OfAnEmptyRecordSendsNothing)
+{
+    source->addObserver(&a);
+    batch(Words());
+    EXPECT_EQ(a.heard, nothing);
+}
+
+TEST_P(KuoAObservableBatch, SendsWhatWasPendingInTheSameRecord)
+{
+    source->addObserver(&a);
+    source->lock(true);
+    source->notify("p");
+    source->lock(false);
+    batch("x");
+    EXPECT_EQ(a.heard, QStringList("p+x"));
+}
+
+TEST_P(KuoAObservableBatch, CollectsWhileTheObservableIsLockedAlready)
+{
+    source->addObserver(&a);
+    source->lock(true);
+    source->notify("p");
+    batch("x");
+    EXPECT_TRUE(source->isLocked());
+    EXPECT_EQ(a.heard, nothing);
+    source->commit();
+    EXPECT_EQ(a.heard, QStringList("p+x"));
+}
+
+TEST_P(KuoAObservableBatch, LosesItsRecordAndSendsWhatWasPendingWhileRecordsAreDropped)
+{
+    source->addObserver(&a);
+    source->lock(true);
+    source->notify("p");
+    source->lock(false);
+    source->lockObservable(true);
+    batch("x");
+    EXPECT_TRUE(source->lockObservable(false));
+    EXPECT_EQ(a.heard, QStringList("p"));
+}
+
+TEST_P(KuoAObservableBatch, LosesWhatAnObserverLeftLockedAndPending)
+{
+    source->addObserver(&a);
+    a.reaction = [&](const Words&) {
+        source->lock(true);
+        source->notify("left");
+    };
+    batch("x");
+    EXPECT_FALSE(source->isLocked());
+    EXPECT_FALSE(source->hasNotifications());
+}
+
+TEST_P(KuoAObservableBatch, EndsTheLockOfABatchThatAnObserverOpenedAndKept)
+{
+    std::unique_ptr<KuoLock<Words>> kept;
+    source->addObserver(&a);
+    a.reaction = [&](const Words&) {
+        a.reaction = nullptr;
+        kept = std::make_unique<KuoLock<Words>>(source.get());
+    };
+    batch("x");
+    source->notify("y");
+    EXPECT_EQ(a.heard, QStringList({"x", "y"}));
+}
+
+TEST_P(KuoAObservableBatch, OfAnObserverInTheSendSendsAtOnceAndLeavesTheOuterOneLocked)
+{
+    source->addObserver(&a);
+    source->addObserver(&b);
+    a.reaction = [&](const Words& record) {
+        if (record.words == QStringList("x"))
+            batch("y");
+    };
+    KuoLock<Words> outer(source.get());
+    source->notify("x");
+    outer.commit();
+    EXPECT_TRUE(source->isLocked());
+    EXPECT_EQ(a.heard, QStringList({"x", "y"}));
+    EXPECT_EQ(b.heard, QStringList({"y", "x"}));
+}
+
+TEST_P(KuoAObservableBatch, LosesTheRecordOfThe102ndNestedSend)
+{
+    RecordedMessages messages;
+    source->addObserver(&a);
+    a.reaction = [&](const Words&) { batch("again"); };
+    batch("first");
+    EXPECT_EQ(a.heard.size(), 101);
+    EXPECT_EQ(messages.warnings.size(), 1);
+    a.reaction = nullptr;
+    batch("after");
+    EXPECT_EQ(a.heard.last(), QStringLiteral("after"));
+}
+
+TEST_P(KuoAObservableBatch, EndsWhenAnExceptionLeavesTheSend)
+{
+    source->addObserver(&a);
+    a.reaction = [&](const Words&) {
+        source->lock(true);
+        source->notify("left");
+        throw MbeException(QStringLiteral("leaves"));
+    };
+    for (int i = 0; i < 200; ++i)
+        EXPECT_THROW(batch("x"), MbeException);
+    EXPECT_FALSE(source->isLocked());
+    EXPECT_FALSE(source->hasNotifications());
+    a.reaction = nullptr;
+    source->removeObserver(&a);
+    EXPECT_EQ(collected(), QStringList("late"));
+}
+
+TEST_P(KuoAObservableBatch, SurvivesTheDeathOfItsObservable)
+{
+    for (const bool throws : {false, true}) {
+        source = std::make_unique<Source>();
+        source->addObserver(&a);
+        source->addObserver(&b);
+        a.reaction = [&](const Words&) {
+            source.reset();
+            if (throws)
+                throw MbeException(QStringLiteral("leaves"));
+        };
+        if (throws)
+            EXPECT_THROW(batch("x"), MbeException);
+        else
+            batch("x");
+        EXPECT_EQ(b.heard, nothing);
+    }
+}
+
+TEST(KuoAObservable, AnEmptyBatchSendsWhatIsPendingUnlessLocked)
+{
+    Listener a;
+    Source source;
+    source.addObserver(&a);
+    source.lock(true);
+    source.notify("p");
+    source._emptyBatch();
+    EXPECT_EQ(a.heard, nothing);
+    source.lock(false);
+    source._emptyBatch();
+    source._emptyBatch();
+    EXPECT_EQ(a.heard, QStringList("p"));
+    EXPECT_FALSE(source.isLocked());
+}
+
+TEST(KuoAObservable, AnEmptyBatchCountsAsAFormerObserver)
+{
+    Source source;
+    source._emptyBatch();
+    source.lock(true);
+    source.notify("x");
+    EXPECT_TRUE(source.hasNotifications());
 }
 
 TEST(KuoLockObserver, PassesOverTheObserverWhileItLives)

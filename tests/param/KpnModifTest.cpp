@@ -4,6 +4,8 @@
 #include <support/RecordingObserver.h>
 #include <support/TestParameters.h>
 
+#include <optional>
+
 namespace {
 
 using Flags = Kp::NotificationFlags;
@@ -29,6 +31,24 @@ struct Leaves
 {
     TestLeaf at[4] = {TestLeaf("a"), TestLeaf("b"), TestLeaf("c"), TestLeaf("d")};
     TestLeaf& operator[](int i) { return at[i]; }
+};
+
+// The same, of leaves that can die.
+struct Mortals
+{
+    std::optional<TestLeaf> at[3];
+    Mortals()
+    {
+        for (int i = 0; i < 3; ++i)
+            at[i].emplace(QString(QLatin1Char(char('a' + i))));
+    }
+    KpnModif all() const
+    {
+        KpnModif modif;
+        for (const auto& leaf : at)
+            modif.merge(KpnModif(Kp::NotifyValue, const_cast<TestLeaf*>(&*leaf)));
+        return modif;
+    }
 };
 
 } // namespace
@@ -132,6 +152,59 @@ TEST(KpnModif, MergeTakesADeadEntryOverIntoARecordOfSeveralWhateverDiedBefore)
     EXPECT_EQ(modif.getNumberOfModif(), 3);
     modif.merge(KpnModif());
     EXPECT_EQ(modif.getNumberOfModif(), 2);
+}
+
+TEST(KpnModif, AnEntryThatDiesKeepsItsPlaceUntilTheNextMerge)
+{
+    Mortals leaves;
+    const KpnModif looked = leaves.all();
+    EXPECT_EQ(looked.debug(), QStringLiteral("a:1\nb:1\nc:1"));
+    KpnModif modif = leaves.all();
+    leaves.at[1].reset();
+    EXPECT_EQ(looked.debug(), QStringLiteral("a:1\nNULL:1\nc:1"));
+    EXPECT_EQ(modif.debug(), QStringLiteral("a:1\nNULL:1\nc:1"));
+    modif.merge(KpnModif());
+    EXPECT_EQ(modif.debug(), QStringLiteral("a:1\nc:1"));
+}
+
+TEST(KpnModif, AnEntryThatIsMergedDeadComesFirst)
+{
+    Mortals leaves;
+    const KpnModif dead(Kp::NotifyItem, &*leaves.at[2]);
+    leaves.at[2].reset();
+    KpnModif modif(Kp::NotifyValue, &*leaves.at[0]);
+    modif.merge(dead);
+    EXPECT_EQ(modif.debug(), QStringLiteral("NULL:8\na:1"));
+    modif.merge(KpnModif(Kp::NotifyConfig, &*leaves.at[1]));
+    modif.merge(dead);
+    EXPECT_EQ(modif.debug(), QStringLiteral("NULL:8\na:1\nb:2"));
+}
+
+TEST(KpnModif, ReplaceNotificationChangesTheFirstEntryBeneathThoughALaterOneHasDied)
+{
+    Mortals leaves;
+    TestLeaf living("l");
+    TestBranch group("g");
+    group.add(living);
+    KpnModif modif = leaves.all();
+    modif.append(&group);
+    leaves.at[1].reset();
+    modif.replaceNotification(&group, Kp::NotifyValue, Kp::NotifyConfig);
+    EXPECT_EQ(modif.debug(), QStringLiteral("g/a:2\ng/NULL:1\ng/c:1"));
+}
+
+TEST(KpnModif, MergeOfMoreThanCanPileUpUnseenKeepsExactlyTheLiving)
+{
+    TestLeaf stays("stays");
+    KpnModif modif(Kp::NotifyConfig, &stays);
+    for (int i = 0; i < 10000; ++i) {
+        TestLeaf passing(QString::number(i));
+        modif.merge(KpnModif(Kp::NotifyValue, &passing));
+    }
+    EXPECT_EQ(modif.debug().count(QStringLiteral("NULL:1")), 1);
+    EXPECT_EQ(modif.getNumberOfModif(), 2);
+    modif.merge(KpnModif());
+    EXPECT_EQ(modif.debug(), QStringLiteral("stays:2"));
 }
 
 TEST(KpnModif, OfNothingHasOneEntryThatIsInvalid)

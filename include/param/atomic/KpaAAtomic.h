@@ -155,7 +155,7 @@ void KpaAAtomic<T, Config>::setAutoValue(const T& value)
         if (changed || !hadAuto)
             _notifyBatch(Kp::NotifyConfig);
         else
-            _skipBatch();
+            _emptyBatch();
         return;
     }
     KuoLock<KpnModif> lock(this);

@@ -274,6 +274,23 @@ TEST(KpaInteger, KeepsAnAutomaticValueReadyWithoutTakingItOver)
     EXPECT_EQ(observer.allFlags(), QList<int>({2}));
 }
 
+TEST(KpaInteger, SettingTheAutomaticValueThatItHasSendsWhatWasPending)
+{
+    for (const bool automatic : {false, true}) {
+        KpaInteger a("a");
+        a.setAutomatic(automatic);
+        a.setAutoValue(8);
+        const RecordingObserver observer(a);
+        a.lock(true);
+        a.setValueLocked(true);
+        a.setAutoValue(8);
+        EXPECT_TRUE(observer.records.isEmpty());
+        a.lock(false);
+        a.setAutoValue(8);
+        EXPECT_EQ(observer.allFlags(), QList<int>({1}));
+    }
+}
+
 TEST(KpaInteger, NotifiesThatAnAutomaticValueIsKnownEvenIfItIsTheInitialOne)
 {
     KpaInteger a("a");
