@@ -127,6 +127,7 @@ private:
     void _removeEmptySlots() const;
     void _send(const Record& record, bool endsBatch = false) const;
     void _endBatch() const;
+    void _collect(Record& record) const;
     static void _deliver(KuoIObserver<Record>* observer, const Record& record);
     void _link(KuoLock<Record>* lock) const;
     void _unlink(KuoLock<Record>* lock) const;
@@ -212,14 +213,12 @@ void KuoAObservable<Record>::notify(Record&& record) const
 {
     if (!_hasEntries() || _observableLocked)
         return;
-    record.setObservable(this);
     if (!_locked && !hasNotifications()) {
+        record.setObservable(this);
         _send(record);
         return;
     }
-    if (!_pending)
-        _pending = std::make_unique<Record>();
-    _pending->merge(record);
+    _collect(record);
     if (!_locked)
         commit();
 }
@@ -234,26 +233,34 @@ void KuoAObservable<Record>::commit() const
 template <class Record>
 void KuoAObservable<Record>::_notifyBatch(Record&& record) const
 {
-    if (_locked || _observableLocked || hasNotifications()) {
-        KuoLock<Record> lock(this);
-        notify(std::move(record));
-        lock.commit();
+    if (!_locked && !_observableLocked && !hasNotifications()) {
+        _formerEntries = true;
+        record.setObservable(this);
+        _send(record, true);
         return;
     }
-    _formerEntries = true;
-    record.setObservable(this);
-    _send(record, true);
+    if (!_observableLocked)
+        _collect(record);
+    _emptyBatch();
 }
 
 template <class Record>
 void KuoAObservable<Record>::_emptyBatch() const
 {
-    if (_locked || !hasNotifications()) {
-        _formerEntries = true;
+    _formerEntries = true;
+    if (_locked)
         return;
-    }
-    KuoLock<Record> lock(this);
-    lock.commit();
+    if (const std::unique_ptr<Record> record = std::exchange(_pending, nullptr))
+        _send(*record, true);
+}
+
+template <class Record>
+void KuoAObservable<Record>::_collect(Record& record) const
+{
+    record.setObservable(this);
+    if (!_pending)
+        _pending = std::make_unique<Record>();
+    _pending->merge(record);
 }
 
 template <class Record>
