@@ -89,7 +89,7 @@ function(find_strange_exports lines variable)
             continue()
         endif()
         # Weak symbols: copies of inline and template code, which every library has that uses it.
-        if(kind MATCHES "^[WVuwv]$" AND bare MATCHES "(^|[ &*])(Q[A-Za-z]+|q[A-Z][A-Za-z]+|std|__gnu_cxx|Mb[a-z][A-Z]\
+        if(kind MATCHES "^[WVuwv]$" AND bare MATCHES "(^|[ &*])(Q[A-Za-z]+|q[A-Z][A-Za-z]+|std|__gnu_cxx|M[bg][a-z][A-Z]\
 [A-Za-z0-9]*|K[su][a-z][A-Z][A-Za-z0-9]*|operator[^a-zA-Z(]+|Kp[A-Za-z0-9]*)(::|<|$|\\()")
             continue()
         endif()

@@ -19,7 +19,10 @@ endfunction()
 
 expect(suite/basic/A.h "#include <QtCore/QString>" "")
 expect(suite/basic/A.cpp "#include <udunits2.h>" "")
+expect(suite/geos/A.cpp "#include <Eigen/Cholesky>" "")
 expect(suite/util/A.h "#include <basic/MbbGlobal.h>" "")
+expect(suite/util/A.h "#include <geos/MgmMatrix.h>" "")
+expect(suite/util/A.cpp "#include <proj.h>" "")
 expect(param/atomic/A.cpp "#include <param/atomic/A.h>" "")
 expect(apps/kparam/A.cpp "#include \"Tool.h\"" "")
 expect(tests/apps/A.cpp "#include \"../../apps/kparam/Tool.h\"" "")
@@ -29,6 +32,9 @@ expect(param/A.cpp "#include <vector>" "")
 expect(suite/basic/A.h "#include <util/B.h>" "suite/basic/A.h includes util/B.h: basic must not include util")
 expect(include/observer/A.h "  #  include <util/B.h>"
     "include/observer/A.h includes util/B.h: observer must not include util")
+expect(suite/geos/A.cpp "#include <util/B.h>" "suite/geos/A.cpp includes util/B.h: geos must not include util")
+expect(suite/util/A.cpp "#include <Eigen/Cholesky>"
+    "suite/util/A.cpp includes Eigen/Cholesky: util must not include eigen headers")
 expect(suite/util/A.cpp "#include <study/B.h>" "suite/util/A.cpp includes study/B.h: util must not include study")
 expect(suite/study/A.h "#include <param/B.h>" "suite/study/A.h includes param/B.h: study must not include param")
 expect(param/A.cpp "#include \"../apps/kparam/Tool.h\""

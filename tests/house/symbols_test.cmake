@@ -57,6 +57,8 @@ passed(find_strange_exports "000000000001a2b0 T operator==(KpbPath const&, KpbPa
 passed(find_strange_exports "000000000001a2b0 T qHash(KpnPath const&, unsigned int)")
 passed(find_strange_exports "000000000001a2b0 W std::vector<int, std::allocator<int> >::operator[](unsigned long)")
 passed(find_strange_exports "000000000001a2b0 W void std::swap<int>(int&, int&)")
+passed(find_strange_exports "000000000001a2b0 W MbbOrderedMap<QString, QString>::clear()")
+passed(find_strange_exports "000000000001a2b0 W MgmMatrix::~MgmMatrix()")
 refused(find_strange_exports "000000000001a2b0 T helper(int)")
 refused(find_strange_exports "000000000001a2b0 T (anonymous namespace)::helper(KpbPath const&)")
 refused(find_strange_exports "000000000001a2b0 T QString::length() const")

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <basic/MbbEFormat.h>
+#include <basic/MbgEAngleUnit.h>
+#include <basic/MbgEAxisType.h>
 #include <basic/MbgEDimension.h>
+#include <basic/MbgERotConv.h>
 #include <basic/MbuEUnitClass.h>
 
 #include <QtCore/QSet>
@@ -10,7 +13,8 @@
 template <class Enum>
 class EnumerationClass : public testing::Test
 {};
-using EnumerationClasses = testing::Types<MbgEDimension, MbbEFormat, MbuEUnitClass>;
+using EnumerationClasses =
+    testing::Types<MbgEDimension, MbbEFormat, MbuEUnitClass, MbgEAngleUnit, MbgEAxisType, MbgERotConv>;
 TYPED_TEST_SUITE(EnumerationClass, EnumerationClasses, );
 
 TYPED_TEST(EnumerationClass, GivesEachItemByKeyLabelAndValue)
@@ -103,6 +107,26 @@ TEST(MbgEDimension, RefusesOtherNumbersOfAxes)
 {
     for (const int n : {0, 4, -1, -2147483647 - 1, 2147483647})
         EXPECT_THROW(MbgEDimension::fromNDim(n), MbeProgrammingError) << n;
+}
+
+TEST(MbgEAngleUnit, IsDegreeByDefault)
+{
+    EXPECT_EQ(MbgEAngleUnit(), MbgEAngleUnit::DEGREE);
+    EXPECT_EQ(MbgEAngleUnit::RADIAN.getKey(), "RADIAN");
+    EXPECT_EQ(MbgEAngleUnit::GRADE.getKey(), "GRADE");
+}
+
+TEST(MbgEAxisType, NumbersTheAxesUVAndW)
+{
+    EXPECT_EQ(MbgEAxisType(), MbgEAxisType::AXIS_U);
+    EXPECT_EQ(MbgEAxisType::AXIS_V.getValue(), 1);
+    EXPECT_EQ(MbgEAxisType::AXIS_W.getValue(), 2);
+}
+
+TEST(MbgERotConv, IsASystemByDefault)
+{
+    EXPECT_EQ(MbgERotConv(), MbgERotConv::SYSTEM);
+    EXPECT_EQ(MbgERotConv::DIRECTION.getKey(), "DIRECTION");
 }
 
 TEST(MbbEFormat, IsGeneralByDefault)

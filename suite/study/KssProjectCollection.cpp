@@ -1,0 +1,7 @@
+#include <study/KssProjectCollection.h>
+
+const KsmModelConventionRot* KssProjectCollection::openedModelRotationConv()
+{
+    static const KsmModelConventionRot conventions;
+    return &conventions;
+}
