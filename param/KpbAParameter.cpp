@@ -8,6 +8,7 @@
 #include <QtCore/QTextStream>
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 template class KuoPointer<KpbAParameter>;
@@ -24,6 +25,8 @@ QString yesNo(bool value)
 {
     return value ? QStringLiteral("yes") : QStringLiteral("no");
 }
+
+std::atomic<quint64> labelChanges{0};
 
 } // namespace
 
@@ -154,7 +157,13 @@ void KpbAParameter::setLabel(const QString& label)
     if (_label == label)
         return;
     _label = label;
+    labelChanges.fetch_add(1, std::memory_order_relaxed);
     _notify(Kp::NotifyConfig);
+}
+
+quint64 KpbAParameter::_labelChanges()
+{
+    return labelChanges.load(std::memory_order_relaxed);
 }
 
 void KpbAParameter::setEnabled(bool enabled)
@@ -176,7 +185,8 @@ void KpbAParameter::setAutomatic(bool automatic)
     KuoLock<KpnModif> lock(this);
     if (_automatic)
         _trySetValueAuto();
-    _notify(Kp::NotifyConfig);
+    if (lock.isAlive())
+        _notify(Kp::NotifyConfig);
     lock.commit();
 }
 

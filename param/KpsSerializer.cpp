@@ -4,6 +4,7 @@
 
 #include <basic/MbbDebug.h>
 #include <param/KpbFailure.h>
+#include <param/composite/KpcAbstractList.h>
 #include <param/composite/KpcGroup.h>
 #include <study/KsbIDriverTaskFiche.h>
 #include <study/KssProject.h>
@@ -11,12 +12,17 @@
 
 using namespace KpsForm;
 
+#include <vector>
+
 namespace {
 
 using SerialForm = KpsSerializer::SerialForm;
 
 QString textOf(const QDomElement& element)
 {
+    const QDomNode first = element.firstChild();
+    if (first.isText() && first.nextSibling().isNull())
+        return first.nodeValue().remove(QLatin1Char('\r'));
     QString text;
     for (QDomNode node = nextBelow(element, element); !node.isNull(); node = nextBelow(element, node)) {
         if (node.isText())
@@ -186,6 +192,87 @@ void readChildren(const KuoPointer<KpbAParameter>& parameter, const QDomElement&
     }
 }
 
+/// The elements that hold the items of a list.
+std::vector<QDomElement> itemElements(const QDomElement& element)
+{
+    std::vector<QDomElement> elements;
+    for (QDomElement child = element.firstChildElement(paramTag); !child.isNull();
+         child = child.nextSiblingElement(paramTag))
+        elements.push_back(child);
+    return elements;
+}
+
+QStringList keysOf(const std::vector<QDomElement>& elements)
+{
+    QStringList keys;
+    keys.reserve(int(elements.size()));
+    for (const QDomElement& element : elements)
+        keys.append(element.attribute(keyAttribute));
+    return keys;
+}
+
+/// What a list that has been brought to stored keys has under the one at `index`: normally the item in that place, also
+/// where the key repeats or is empty.
+KpbAParameter* itemFor(const KpcAbstractList& list, const QString& key, int index)
+{
+    KpbAParameter* item = list.getAbstractItemAt(index);
+    return item && (key.isEmpty() || item->getKey() == key) ? item : list.getChild(key);
+}
+
+void readItemsByKey(KpcAbstractList& list, const KuoPointer<KpbAParameter>& guarded, const QDomElement& element)
+{
+    std::vector<QDomElement> elements = itemElements(element);
+    const QStringList keys = keysOf(elements);
+    list.resetItemKeys(keys);
+    for (int i = 0; guarded && i < keys.size(); ++i) {
+        if (KpbAParameter* item = itemFor(list, keys.at(i), i))
+            KpsSerializer::updateParamFromXml(item, elements[std::size_t(i)]);
+    }
+}
+
+void readItemsAtOnce(KpcAbstractList& list, const QDomElement& element)
+{
+    const std::vector<QDomElement> elements = itemElements(element);
+    QList<SerialForm> maps;
+    maps.reserve(int(elements.size()));
+    for (const QDomElement& item : elements)
+        maps.append(readForm(item));
+    list.unserializeAtomicItems(keysOf(elements), maps);
+}
+
+/// Each child node has its position, whatever it is.
+void readItemsByPosition(KpcAbstractList& list, const KuoPointer<KpbAParameter>& guarded, const QDomElement& element)
+{
+    QDomNode node = element.firstChild();
+    for (int i = 0; guarded && !node.isNull() && i < list.getChildCount(); ++i) {
+        // As in readChildren.
+        const QDomNode next = node.nextSibling();
+        QDomElement child = node.toElement();
+        KpbAParameter* item = child.tagName() == paramTag ? list.getChild(i) : nullptr;
+        if (item)
+            KpsSerializer::updateParamFromXml(item, child);
+        node = next;
+    }
+}
+
+/// Brings the parameter to what the element contains.
+void readContent(const KuoPointer<KpbAParameter>& parameter, const QDomElement& element)
+{
+    auto* list = parameter->isA(KpbEType::LIST) ? dynamic_cast<KpcAbstractList*>(parameter.get()) : nullptr;
+    if (list && list->isResizable() && list->needToUnserializeAtomicItems())
+        return readItemsAtOnce(*list, element);
+    if (list && list->isResizable() && !list->ignoreItemKeys())
+        return readItemsByKey(*list, parameter, element);
+    if (list && list->isResizable())
+        list->resetItemKeys(keysOf(itemElements(element)));
+    else
+        parameter->unserialize(readForm(element));
+    if (parameter && list && list->ignoreItemKeys())
+        readItemsByPosition(*list, parameter, element);
+    else
+        readChildren(parameter, element);
+}
+
 bool load(const KsbIDriverTaskFiche& driver, const QString& id, const QString& ficheKey, KpbAParameter* parameter)
 {
     if (!driver.exists(id, ficheKey))
@@ -232,8 +319,7 @@ void KpsSerializer::updateParamFromXml(KpbAParameter* parameter, QDomElement& el
     if (!bringToVersion(*parameter, element))
         return;
     const KuoPointer<KpbAParameter> guarded(parameter);
-    parameter->unserialize(readForm(element));
-    readChildren(guarded, element);
+    readContent(guarded, element);
     // Last, because a new value ends the automatic mode.
     if (guarded)
         guarded->setAutomatic(element.attribute(automaticAttribute) == QLatin1String("yes"));

@@ -133,6 +133,8 @@ protected:
     bool _setAutoFlag(bool automatic);
     void _setAutomaticValueInitialized(bool initialized) { _automaticValueInitialized = initialized; }
     void _trySetValueAuto();
+    /// How often a label has been changed in the process: while it stays, all labels do.
+    static quint64 _labelChanges();
 
 private:
     friend class KpnPath;

@@ -4,18 +4,10 @@
 #include <basic/MbbAEnum.h>
 
 #include <QtCore/QDebug>
-#include <QtCore/QRegularExpression>
 
 template class KpaAAtomic<int, KpaEnumConfig>;
 
 namespace {
-
-/// Stored forms from an older time hold percent escapes.
-QString withoutEscapes(const QString& text)
-{
-    static const QRegularExpression escape(QStringLiteral("%\\d\\d"));
-    return escape.match(text).hasMatch() ? KpaConfigTools::percentDecoded(text) : text;
-}
 
 std::optional<int> valueOfKey(const KpaEnumConfig& config, const QString& key)
 {
@@ -124,7 +116,7 @@ MbbOrderedMap<QString, QString> KpaEnumConfig::serializeValue(int value) const
 
 int KpaEnumConfig::unserializeValue(const MbbOrderedMap<QString, QString>& map, int previous) const
 {
-    const QString text = withoutEscapes(map.value(KpaConfigTools::valueKey()));
+    const QString text = KpaConfigTools::withoutEscapes(map.value(KpaConfigTools::valueKey()));
     int value = previous;
     if (isEmpty())
         _loadedKey = text;

@@ -1,51 +1,17 @@
+#include "KpwTargets.h"
+
 #include <param/watcher/KpwEnabler.h>
 
-#include <deque>
 #include <memory>
-
-namespace {
-
-/// The batches of several parameters. A parameter may have more than one, so the last is the first to end.
-class Batches
-{
-public:
-    explicit Batches(const QList<KuoPointer<KpbAParameter>>& parameters)
-    {
-        for (const KuoPointer<KpbAParameter>& parameter : parameters)
-            _locks.emplace_back(parameter.get());
-    }
-    ~Batches()
-    {
-        while (!_locks.empty())
-            _locks.pop_back();
-    }
-    Batches(const Batches&) = delete;
-    Batches& operator=(const Batches&) = delete;
-
-    void commit()
-    {
-        for (KuoLock<KpnModif>& lock : _locks)
-            lock.commit();
-    }
-
-private:
-    std::deque<KuoLock<KpnModif>> _locks;
-};
-
-} // namespace
 
 KpwEnabler::KpwEnabler() = default;
 
 KpwEnabler::KpwEnabler(const KpwEnabler& other, const KpcGroup* newParent)
     : KpwAWatcher(other, newParent),
       _source(other._duplicateChildRef(other._source.get(), newParent)),
+      _targets(other._duplicateChildRefs(other._targets, newParent)),
       _inverted(other._inverted)
-{
-    for (const KuoPointer<KpbAParameter>& target : other._targets) {
-        if (target)
-            _targets.append(KuoPointer<KpbAParameter>(other._duplicateChildRef(target.get(), newParent)));
-    }
-}
+{}
 
 KpwEnabler::~KpwEnabler() = default;
 
@@ -89,10 +55,7 @@ void KpwEnabler::addParameter(KpbAParameter* parameter)
 
 void KpwEnabler::removeParameter(KpbAParameter* parameter)
 {
-    for (int i = _targets.size() - 1; i >= 0; --i) {
-        if (_targets.at(i) == parameter)
-            _targets.removeAt(i);
-    }
+    KpwTargets::remove(_targets, parameter);
 }
 
 void KpwEnabler::removeAllParameters()
@@ -115,7 +78,7 @@ void KpwEnabler::_syncEnabledState()
 {
     const QList<KuoPointer<KpbAParameter>> targets = _targets;
     const bool state = _getState();
-    Batches batches(targets);
+    KpwTargets::Batches batches(targets);
     for (const KuoPointer<KpbAParameter>& target : targets) {
         if (target)
             target->setEnabled(state);

@@ -15,9 +15,15 @@ public:
 
     void warning(const QString& text, Qt::TextFormat) override { warnings.append(text); }
     void error(const QString& text, Qt::TextFormat) override { errors.append(text); }
+    void information(const QString& text, Qt::TextFormat format) override
+    {
+        (format == Qt::RichText ? richInformation : plainInformation).append(text);
+    }
 
     QStringList warnings;
     QStringList errors;
+    QStringList plainInformation;
+    QStringList richInformation;
 
 private:
     MbbDebug::Sink* _former;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QString>
 #include <QtCore/QTextStream>
 #include <QtCore/QUrl>
@@ -38,6 +39,14 @@ inline MbbOrderedMap<QString, QString> singleValue(const QString& text)
 inline QString percentDecoded(const QString& text)
 {
     return QUrl::fromPercentEncoding(text.toUtf8());
+}
+
+/// The text of a form that holds percent escapes where it is of an older version: decoded if something in it looks like
+/// one.
+inline QString withoutEscapes(const QString& text)
+{
+    static const QRegularExpression escape(QStringLiteral("%\\d\\d"));
+    return escape.match(text).hasMatch() ? percentDecoded(text) : text;
 }
 
 inline QString yesNo(bool value)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QList>
+
 #include <param/KpbAParameter.h>
 #include <param/KuoPointer.h>
 
@@ -46,6 +48,10 @@ public:
     void clear() { _unregisterAllTriggers(); }
 
 protected:
+    /// All that can change at a parameter.
+    static constexpr Kp::NotificationFlags AnyChange =
+        Kp::NotifyValue | Kp::NotifyConfig | Kp::NotifyChildren | Kp::NotifyItem;
+
     KpwAWatcher() = default;
     KpwAWatcher(const KpwAWatcher& other, const KpcGroup* newParent);
 
@@ -61,6 +67,9 @@ protected:
     /// parameter, or one of another class, is a programming failure. For the classes with a `TypeName`.
     template <class T>
     T* _duplicateChildRef(const T* parameter, const KpcGroup* newParent) const;
+    /// The same for those that live.
+    template <class T>
+    QList<KuoPointer<T>> _duplicateChildRefs(const QList<KuoPointer<T>>& parameters, const KpcGroup* newParent) const;
 
     /// `modif` is not empty and has only entries that a trigger asked for.
     virtual void _trigger(const KpnModif& modif) = 0;
@@ -109,4 +118,16 @@ T* KpwAWatcher::_duplicateChildRef(const T* parameter, const KpcGroup* newParent
     if (!typed)
         _failType(TypeName<T>::value, found);
     return typed;
+}
+
+template <class T>
+QList<KuoPointer<T>> KpwAWatcher::_duplicateChildRefs(const QList<KuoPointer<T>>& parameters,
+                                                      const KpcGroup* newParent) const
+{
+    QList<KuoPointer<T>> found;
+    for (const KuoPointer<T>& parameter : parameters) {
+        if (parameter)
+            found.append(KuoPointer<T>(_duplicateChildRef(parameter.get(), newParent)));
+    }
+    return found;
 }
