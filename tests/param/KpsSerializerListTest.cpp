@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include "KpsSerializerTestTools.h"
 
 #include <param/composite/KpcGroupList.h>

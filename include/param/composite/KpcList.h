@@ -403,8 +403,6 @@ void KpcList<T>::_relabel(const QString& prefix, Relabel which)
 template <class T>
 void KpcList<T>::_closeChange(KuoLock<KpnModif>& lock)
 {
-    if (!lock.isAlive())
-        return;
     _structureChanged();
     if (!lock.isAlive())
         return;
@@ -415,9 +413,9 @@ void KpcList<T>::_closeChange(KuoLock<KpnModif>& lock)
 template <class T>
 void KpcList<T>::_closeRanking(KuoLock<KpnModif>& lock)
 {
+    _updateLabels();
     if (lock.isAlive())
-        _updateLabels();
-    _closeChange(lock);
+        _closeChange(lock);
 }
 
 template <class T>
@@ -464,7 +462,8 @@ void KpcList<T>::removeItemAt(int rank)
         return;
     KuoLock<KpnModif> lock(this);
     _deleteItem(_takeItem(rank));
-    _closeRanking(lock);
+    if (lock.isAlive())
+        _closeRanking(lock);
 }
 
 template <class T>
@@ -498,8 +497,9 @@ void KpcList<T>::clear()
         return;
     KuoLock<KpnModif> lock(this);
     _clearItems();
-    if (lock.isAlive())
-        _compressCounter();
+    if (!lock.isAlive())
+        return;
+    _compressCounter();
     _closeChange(lock);
 }
 

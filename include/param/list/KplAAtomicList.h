@@ -283,7 +283,8 @@ void KplAAtomicList<Item, Value, Config>::_fixItems()
     }
     if (this->isResizable()) {
         this->_deleteItems(ranks);
-        this->_closeRanking(lock);
+        if (lock.isAlive())
+            this->_closeRanking(lock);
         return;
     }
     MbbDebug::printError(

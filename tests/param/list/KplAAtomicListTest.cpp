@@ -390,6 +390,7 @@ TEST(KplAAtomicList, StaysAutomaticWhereItsValuesStayTheAutomaticOnes)
     } cases[] = {
         {"label", [](KplIntegerList& l) { l.getItemAt(0)->setLabel("Mine"); }},
         {"labels", [](KplIntegerList& l) { l.setItemLabel("Mine"); }},
+        {"disabled", [](KplIntegerList& l) { l.setEnabled(false); }},
         {"refused", [](KplIntegerList& l) { l.getItemAt(0)->setMaximum(5); }},
         {"same keys",
          [](KplIntegerList& l) {
@@ -501,8 +502,11 @@ TEST(KplAAtomicList, StaysAutomaticWhileAllItemsAre)
     list->removeItemAt(0);
     delete list->getItemAt(0);
     list->setItemLabel("Mine");
+    list->setEnabled(false);
     EXPECT_EQ(list->getValues(), Integers({1}));
     EXPECT_TRUE(list->isAutomatic());
+    list->getItemAt(0)->setAutomatic(false);
+    EXPECT_FALSE(list->isAutomatic());
 }
 
 TEST(KplAAtomicList, ChecksTheItemsAnewWhereAutomaticValuesAreKeptElsewhere)
