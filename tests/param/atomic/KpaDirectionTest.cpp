@@ -1,7 +1,6 @@
 #include <param/atomic/KpaDirection.h>
 #include <param/atomic/KpaDirectionConfigDelegate.h>
-#include <suite/basic/Geometry.h>
-#include <support/ObservedAtomic.h>
+#include <param/atomic/OrientationFixture.h>
 
 #include <memory>
 
@@ -21,21 +20,8 @@ SerialForm stored(const QString& azimuth, const QString& plunge)
     return {{"azimuth", azimuth}, {"plunge", plunge}};
 }
 
-class KpaDirectionTest : public testing::Test
-{
-protected:
-    void make2D() { parameter.setDimension(MbgEDimension::DIM_2D, 0); }
-    /// Reads `map` over `previous`.
-    MbgRotation read(const SerialForm& map, const MbgRotation& previous = rotation(1, 2, 3, 2))
-    {
-        parameter.setValue(previous);
-        parameter.unserialize(map);
-        return parameter.getValue();
-    }
-
-    ObservedAtomic<KpaDirection> observed;
-    KpaDirection& parameter = observed.atomic;
-};
+class KpaDirectionTest : public OrientationFixture<KpaDirection>
+{};
 } // namespace
 
 TEST_F(KpaDirectionTest, IsOfTheKindDirection)

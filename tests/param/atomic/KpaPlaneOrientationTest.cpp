@@ -1,7 +1,6 @@
 #include <param/atomic/KpaPlaneOrientation.h>
 #include <param/atomic/KpaPlaneOrientationConfigDelegate.h>
-#include <suite/basic/Geometry.h>
-#include <support/ObservedAtomic.h>
+#include <param/atomic/OrientationFixture.h>
 
 #include <memory>
 
@@ -21,21 +20,8 @@ SerialForm stored(const QString& dip, const QString& dipAzimuth)
     return {{"dip", dip}, {"dipAzimuth", dipAzimuth}};
 }
 
-class KpaPlaneOrientationTest : public testing::Test
-{
-protected:
-    void make2D() { parameter.setDimension(MbgEDimension::DIM_2D, 0); }
-    /// Reads `map` over `previous`.
-    MbgRotation read(const SerialForm& map, const MbgRotation& previous = rotation(1, 2, 3, 2))
-    {
-        parameter.setValue(previous);
-        parameter.unserialize(map);
-        return parameter.getValue();
-    }
-
-    ObservedAtomic<KpaPlaneOrientation> observed;
-    KpaPlaneOrientation& parameter = observed.atomic;
-};
+class KpaPlaneOrientationTest : public OrientationFixture<KpaPlaneOrientation>
+{};
 } // namespace
 
 TEST_F(KpaPlaneOrientationTest, IsOfTheKindPlaneOrientation)

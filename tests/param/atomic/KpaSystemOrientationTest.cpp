@@ -1,7 +1,6 @@
 #include <param/atomic/KpaSystemOrientation.h>
 #include <param/atomic/KpaSystemOrientationConfigDelegate.h>
-#include <suite/basic/Geometry.h>
-#include <support/ObservedAtomic.h>
+#include <param/atomic/OrientationFixture.h>
 
 #include <memory>
 
@@ -21,21 +20,8 @@ SerialForm stored(const QString& dip, const QString& dipAzimuth, const QString& 
     return {{"dip", dip}, {"dipAzimuth", dipAzimuth}, {"pitch", pitch}};
 }
 
-class KpaSystemOrientationTest : public testing::Test
-{
-protected:
-    void make2D() { parameter.setDimension(MbgEDimension::DIM_2D, 0); }
-    /// Reads `map` over `previous`.
-    MbgRotation read(const SerialForm& map, const MbgRotation& previous = rotation(1, 2, 3, 2))
-    {
-        parameter.setValue(previous);
-        parameter.unserialize(map);
-        return parameter.getValue();
-    }
-
-    ObservedAtomic<KpaSystemOrientation> observed;
-    KpaSystemOrientation& parameter = observed.atomic;
-};
+class KpaSystemOrientationTest : public OrientationFixture<KpaSystemOrientation>
+{};
 } // namespace
 
 TEST_F(KpaSystemOrientationTest, IsOfTheKindSystemOrientation)
