@@ -42,6 +42,14 @@ MbbColor storedColor(const QString& text)
     return MbbColor(text.toUInt());
 }
 
+/// Whether what follows the number of a category is its label, without a colour.
+bool isLabelAlone(const QStringList& parts)
+{
+    bool isColor = false;
+    parts.last().toUInt(&isColor);
+    return parts.size() == 1 && !isColor;
+}
+
 /// The label is what stands between the number and the colour: it may be empty, or hold the separator.
 void readCategory(MbdEnumCatalog& catalog, const QString& text)
 {
@@ -50,7 +58,7 @@ void readCategory(MbdEnumCatalog& catalog, const QString& text)
         return;
     bool isNumber = false;
     const int value = parts.takeFirst().toInt(&isNumber);
-    const MbbColor color = storedColor(parts.takeLast());
+    const MbbColor color = isLabelAlone(parts) ? MbbColor(0) : storedColor(parts.takeLast());
     if (isNumber)
         catalog.setCategory(value, KpaConfigTools::withoutEscapes(parts.join(separator)), color);
 }

@@ -13,8 +13,11 @@ namespace KpaGraphicForm {
 
 using Map = MbbOrderedMap<QString, QString>;
 
-/// The significant digits of stored numbers.
-constexpr int Precision = 10;
+inline QString numberText(double number)
+{
+    constexpr int significantDigits = 10;
+    return KpsSerializer::fromDouble(number, 'g', significantDigits);
+}
 
 /// The keys of a colour's components.
 struct ColorKeys

@@ -41,11 +41,6 @@ QString borderWidthKey()
     return QStringLiteral("borderWidth");
 }
 
-QString widthText(double width)
-{
-    return KpsSerializer::fromDouble(width, 'g', KpaGraphicForm::Precision);
-}
-
 QColor storedColor(const SerialForm& map, const QString& key, const QColor& previous)
 {
     const QString text = map.value(key);
@@ -98,10 +93,10 @@ SerialForm KpaLineStyleConfig::serializeValue(const KugLineStyle& value) const
     return {
         {penKey(), value.getPen().getKey()},
         {colorKey(), value.getColor().name(QColor::HexArgb)},
-        {widthKey(), widthText(value.getWidth())},
+        {widthKey(), KpaGraphicForm::numberText(value.getWidth())},
         {borderKey(), KpsSerializer::fromBool(value.hasBorder())},
         {borderColorKey(), value.getBorderColor().name(QColor::HexArgb)},
-        {borderWidthKey(), widthText(value.getBorderWidth())},
+        {borderWidthKey(), KpaGraphicForm::numberText(value.getBorderWidth())},
     };
 }
 

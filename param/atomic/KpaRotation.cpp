@@ -176,10 +176,8 @@ MbgRotation KpaRotationConfig::_unserializeRotation(const SerialForm& map, const
 {
     if (containsAll(map, angleKeys())) {
         MbgRotation rotation = withAngles(previous, map, angleKeys());
-        if (!rotation.isDefined())
-            return previous;
         rotation.setConvention(readConventionId(map), false);
-        return rotation;
+        return rotation.isDefined() ? rotation : previous;
     }
     return containsAll(map, axisAngleKeys()) ? withAngles(previous, map, axisAngleKeys()) : previous;
 }

@@ -3,8 +3,6 @@
 #include <param/atomic/KpaConfigTools.h>
 #include <param/atomic/KpaSymbol3D.h>
 
-#include <basic/MbbGlobal.h>
-
 template class KpaAAtomic<KugSymbol3D, KpaSymbol3DConfig>;
 
 namespace {
@@ -12,11 +10,6 @@ namespace {
 QString qualityKey()
 {
     return QStringLiteral("quality");
-}
-
-QString numberText(double number)
-{
-    return KpsSerializer::fromDouble(number, 'g', KpaGraphicForm::Precision);
 }
 
 } // namespace
@@ -40,8 +33,8 @@ MbbOrderedMap<QString, QString> KpaSymbol3DConfig::serializeValue(const KugSymbo
 {
     MbbOrderedMap<QString, QString> map;
     map.insert(KpaGraphicForm::shapeKey(), value.getShape().getKey());
-    map.insert(KpaGraphicForm::sizeKey(), numberText(value.getSize()));
-    map.insert(qualityKey(), numberText(value.getQuality()));
+    map.insert(KpaGraphicForm::sizeKey(), KpaGraphicForm::numberText(value.getSize()));
+    map.insert(qualityKey(), KpaGraphicForm::numberText(value.getQuality()));
     KpaGraphicForm::insertColor(map, KpaGraphicForm::colorKeys(), value.getColor());
     KpaGraphicForm::insertOpacity(map, value.getColor());
     return map;

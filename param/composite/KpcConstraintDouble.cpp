@@ -66,12 +66,15 @@ KpaDouble* KpcConstraintDouble::getParameter(Part part) const
     }
 }
 
+// A plain number can have lost its bounds unheard.
 void KpcConstraintDouble::setMode(Mode mode)
 {
     if (mode == _mode)
         return;
     const KuoPointer<KpbAParameter> self(this);
     _mode = mode;
+    if (_mode == Mode::Constraints && _behavior == Behavior::Bounded && !_isBounded())
+        _behavior = Behavior::Unknown;
     _update();
     if (self)
         _notify(Kp::NotifyValue);

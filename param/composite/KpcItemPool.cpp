@@ -6,6 +6,7 @@
 KpcItemPool::KpcItemPool(KpcItemTable& table) : _keys(table.keys())
 {
     _items = table.takeAll();
+    _count = int(_items.size());
 }
 
 void KpcItemPool::_passGaps()
@@ -16,7 +17,10 @@ void KpcItemPool::_passGaps()
 
 KpbAParameter* KpcItemPool::_takeAt(int rank)
 {
-    return std::exchange(_items[std::size_t(rank)], nullptr);
+    KpbAParameter* item = std::exchange(_items[std::size_t(rank)], nullptr);
+    if (item)
+        --_count;
+    return item;
 }
 
 KpbAParameter* KpcItemPool::takeNext()
@@ -37,20 +41,19 @@ KpbAParameter* KpcItemPool::take(const QString& key)
         for (int i = int(_items.size()) - 1; i >= _next; --i)
             _ranks.insert(_keys[i], i);
     }
+    // Erasing looks for the next entry, however far that is: what has been taken goes only if its key is asked for
+    // again.
     for (auto found = _ranks.find(key); found != _ranks.end() && found.key() == key; found = _ranks.erase(found)) {
-        if (KpbAParameter* item = _takeAt(found.value())) {
-            _ranks.erase(found);
+        if (KpbAParameter* item = _takeAt(found.value()))
             return item;
-        }
     }
     return nullptr;
 }
 
 bool KpcItemPool::forget(const KuoAObservable<KpnModif>* item)
 {
-    const auto found = std::find_if(_items.begin(), _items.end(), [&](const auto* each) { return each == item; });
-    if (found == _items.end())
-        return false;
-    *found = nullptr;
-    return true;
+    _passGaps();
+    const auto isItem = [&](const auto* each) { return each == item; };
+    const auto found = std::find_if(_items.begin() + _next, _items.end(), isItem);
+    return found != _items.end() && _takeAt(int(found - _items.begin()));
 }

@@ -108,14 +108,25 @@ bool KpcVectorConstraintDouble::isFullyLocked() const
     return true;
 }
 
+// The first comes last: its lock goes on or off with the mode, and those that follow it must be in the new mode to take
+// that as it is meant.
 void KpcVectorConstraintDouble::setMode(Mode mode)
 {
     if (mode == getMode())
         return;
     const KuoPointer<KpbAParameter> self(this);
-    _each([&](KpcConstraintDouble& component) { component.setMode(mode); });
+    _setModeFromTheLast(mode);
     if (self)
         _notify(Kp::NotifyValue);
+}
+
+void KpcVectorConstraintDouble::_setModeFromTheLast(Mode mode)
+{
+    KuoLock<KpnModif> lock(this);
+    const auto components = _numbers();
+    for (auto each = components.rbegin(); lock.isAlive() && each != components.rend(); ++each)
+        (*each)->setMode(mode);
+    lock.commit();
 }
 
 void KpcVectorConstraintDouble::setDimension(Dimension dimension, double)

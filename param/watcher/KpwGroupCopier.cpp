@@ -5,6 +5,7 @@
 #include <param/watcher/KpwGroupCopier.h>
 
 #include <algorithm>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -22,13 +23,14 @@ KpcAbstractList* resizableList(KpbAParameter* parameter)
     return list && list->isResizable() ? list : nullptr;
 }
 
-/// The paths of a record, parents before their children.
-std::vector<KpnPath> fromTheTop(const KpnModif& modif)
+/// The paths of a record in the order in which `compare` puts their lengths; those of one length keep their order.
+template <class Compare>
+std::vector<KpnPath> pathsOf(const KpnModif& modif, Compare compare)
 {
     std::vector<KpnPath> paths;
     modif.forEach([&](const KpnPath& path, Kp::NotificationFlags) { paths.push_back(path); });
     std::stable_sort(paths.begin(), paths.end(),
-                     [](const KpnPath& a, const KpnPath& b) { return a.count() < b.count(); });
+                     [&](const KpnPath& a, const KpnPath& b) { return compare(a.count(), b.count()); });
     return paths;
 }
 
@@ -129,11 +131,12 @@ void KpwGroupCopier::_trigger(const KpnModif& modif)
     const Groups destinations = _destinations;
     KpwTargets::Batches lockParams(_lockParams);
     KpwTargets::Batches batches(destinations);
-    const std::vector<KpnPath> paths = fromTheTop(modif);
-    std::for_each(paths.begin(), paths.end(),
-                  [&](const KpnPath& path) { forEachCounterpart(path, source, destinations, copyItems); });
-    std::for_each(paths.rbegin(), paths.rend(),
-                  [&](const KpnPath& path) { forEachCounterpart(path, source, destinations, copyContent); });
+    const std::vector<KpnPath> fromTheTop = pathsOf(modif, std::less<int>());
+    const std::vector<KpnPath> fromTheBottom = pathsOf(modif, std::greater<int>());
+    for (const KpnPath& path : fromTheTop)
+        forEachCounterpart(path, source, destinations, copyItems);
+    for (const KpnPath& path : fromTheBottom)
+        forEachCounterpart(path, source, destinations, copyContent);
     batches.commit();
     lockParams.commit();
 }

@@ -159,7 +159,9 @@ TEST(KpsSerializerList, TheKeysAreToldInOneRecordBeforeTheValues)
     RecordingObserver observer(l.list);
     read(l.list, listElement(item("ITEM_1", "1") + item("ITEM_2", "2")));
     ASSERT_EQ(observer.records.size(), 3);
-    EXPECT_EQ(observer.records[0].debug(), "L:13");
+    EXPECT_EQ(observer.flagsOf(l.list, 0), 13);
+    EXPECT_EQ(observer.flagsOf(*l.list.getItemAt(0), 0), 0);
+    EXPECT_EQ(observer.flagsOf(*l.list.getItemAt(1), 0), int(Kp::NotifyConfig));
     EXPECT_EQ(observer.records[1].debug(), "L/ITEM_1:1");
     EXPECT_EQ(observer.records[2].debug(), "L/ITEM_2:1");
 }

@@ -24,8 +24,8 @@ public:
     MbdEnumCatalog fix(const MbdEnumCatalog& value, const MbdEnumCatalog&) const { return value; }
     QString toString(const MbdEnumCatalog& value) const { return value.getName(); }
     MbbOrderedMap<QString, QString> serializeValue(const MbdEnumCatalog& value) const;
-    /// `previous` whole where identifier, name or the colour for undefined values are missing. A colour that is no
-    /// number is 0; categories without a number of their own, or without any colour, are passed over.
+    /// `previous` whole where identifier, name or the colour for undefined values are missing. A colour that is
+    /// missing or no number is 0; a category without a number of its own, or with nothing but that, is passed over.
     MbdEnumCatalog unserializeValue(const MbbOrderedMap<QString, QString>& map, const MbdEnumCatalog& previous) const;
     QString debug() const;
 

@@ -48,7 +48,7 @@ public:
     /// Reads plain angles: of the form that `serializeValue` writes without a delegate, or of the older one with angles
     /// about the three axes. `previous` stands where the map has neither, or an angle of the first is not defined; an
     /// undefined angle of the older form is taken over. A convention that is not known under the stored id and string
-    /// is made as a temporary one.
+    /// is made as a temporary one, also where an angle is not defined.
     static MbgRotation _unserializeRotation(const SerialForm& map, const MbgRotation& previous);
 
 private:

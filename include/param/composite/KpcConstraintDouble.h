@@ -11,6 +11,9 @@
 ///
 /// As a plain number, which it is at first, it only has the value: the bounds are read-only and kept as they are,
 /// and what is known does not change.
+///
+/// Only the parts are stored. Reading them is a change like any other: what is bounded comes back through its bounds,
+/// and a lock does not come back.
 class KESTRIN_PARAM_EXPORT KpcConstraintDouble : public KpcAComposite, public KpcNumberForwarder<KpcConstraintDouble>
 {
 public:
@@ -51,6 +54,7 @@ public:
     {
         return getParameter(part)->isAutomaticValueInitialized();
     }
+    using KpcAComposite::isAutomaticValueInitialized;
     bool isDefined(Ku::Constraint::Part part) const { return getParameter(part)->isDefined(); }
     QString toString(Ku::Constraint::Part part) const { return getParameter(part)->toString(); }
 

@@ -16,6 +16,8 @@ public:
     /// Takes all items of `table`.
     explicit KpcItemPool(KpcItemTable& table);
 
+    /// The items that have not been taken.
+    int count() const { return _count; }
     /// The first item with that key, which leaves the pool, or null.
     KpbAParameter* take(const QString& key);
     /// The first item, which leaves the pool, or null.
@@ -30,6 +32,7 @@ private:
     // What has been taken leaves a null.
     std::vector<KpbAParameter*> _items;
     QStringList _keys;
+    int _count = 0;
     int _next = 0;
     // Ranks by key, once an item is asked for that is not the next one.
     QMultiHash<QString, int> _ranks;

@@ -104,6 +104,7 @@ public:
     int getItemRank(const T* item) const { return _items.rankOf(item); }
     T* getItemPrototype() const { return _prototype; }
     /// Replaces the prototype, by a copy of `prototype` or by itself, which the list then owns; null gives a new one.
+    /// One of the items stays an item, and is always copied.
     void setItemPrototype(T* prototype, bool copy);
     /// Hands the item to the caller, with the list still as its parent; null for a rank out of range.
     T* takeItemAt(int rank);
@@ -303,8 +304,14 @@ void KpcList<T>::_insert(T* item)
 template <class T>
 void KpcList<T>::_appendItem(T* item)
 {
+    const quint64 changesBefore = _labelChanges();
+    const bool known = _labelledCount == getItemCount() && (_items.isEmpty() || changesBefore == _labelledAt);
     item->setLabel(_labelPrefix(_prototype->getLabel()) + QString::number(getItemCount() + 1));
     _plug(item);
+    if (!known || _labelChanges() > changesBefore + 1)
+        return;
+    _labelledCount = getItemCount();
+    _labelledAt = _labelChanges();
 }
 
 template <class T>
@@ -549,7 +556,8 @@ bool KpcList<T>::_rebuildItem(Rebuild& rebuild, const QString& key, int rank, co
     rebuild.current = static_cast<T*>(rebuild.pool.take(key));
     if (!rebuild.current) {
         rebuild.current = _createItem(key);
-        rebuild.current->setLabel(rebuild.labelPrefix + QString::number(rebuild.kept.size() + 1));
+        // Numbered behind those that are left, until all have their place.
+        rebuild.current->setLabel(rebuild.labelPrefix + QString::number(rebuild.pool.count() + 1));
         rebuild.current->setParent(this);
         rebuild.current->addObserver(this);
     }
@@ -571,7 +579,7 @@ void KpcList<T>::setItemPrototype(T* prototype, bool copy)
     T* former = _prototype;
     if (!prototype)
         prototype = _protoBuilder->create();
-    else if (copy)
+    else if (copy || getItemRank(prototype) >= 0)
         prototype = prototype->duplicate(QStringLiteral("PROTOTYPE"));
     if (prototype != former) {
         _setPrototype(prototype);

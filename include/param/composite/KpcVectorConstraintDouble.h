@@ -61,6 +61,7 @@ private:
     std::array<KpcConstraintDouble*, ComponentCount> _numbers() const { return {_first, _second, _third}; }
     int _countInUse() const;
     bool _followsFirst(int component) const;
+    void _setModeFromTheLast(Ku::Constraint::Mode mode);
     void _updateLinkedComponents();
     QString _componentText(const KpcConstraintDouble& component) const;
 

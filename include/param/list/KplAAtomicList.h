@@ -101,6 +101,8 @@ private:
     bool _unique = false;
     // The list is changing items itself, and values may repeat meanwhile.
     bool _fixing = false;
+    // How often something was heard of an item or the prototype.
+    quint64 _heard = 0;
     // What the last look at all items has found. It holds until something is heard of an item, or one comes.
     bool _knownDistinct = false;
     bool _knownAutomatic = false;
@@ -191,7 +193,7 @@ QList<Value> KplAAtomicList<Item, Value, Config>::_fixValues(const QList<Value>&
     KplDistinctValues<Value> distinct;
     for (const Value& value : values) {
         const Value admissible = config.fix(value, fallback);
-        if (!_unique || distinct.add(admissible))
+        if (!_unique || (!distinct.contains(admissible) && distinct.add(admissible)))
             fixed.append(admissible);
     }
     return fixed;
@@ -202,6 +204,7 @@ template <class Item, class Value, class Config>
 void KplAAtomicList<Item, Value, Config>::_setValues(QList<Value> values)
 {
     KuoLock<KpnModif> lock(this);
+    const quint64 heardBefore = _heard;
     {
         const Raised fixing(_fixing, lock);
         const Raised walking(this->_walking, lock);
@@ -209,7 +212,7 @@ void KplAAtomicList<Item, Value, Config>::_setValues(QList<Value> values)
         for (int i = 0; lock.isAlive() && i < std::min(this->getItemCount(), values.size()); ++i)
             _setValueOf(*this->getItemAt(i), values.at(i));
     }
-    if (lock.isAlive())
+    if (lock.isAlive() && _heard != heardBefore)
         _invalidateAutomatic();
     lock.commit();
 }
@@ -229,6 +232,7 @@ void KplAAtomicList<Item, Value, Config>::_setValueOf(Item& item, const Value& v
     lock.commit();
 }
 
+// Each item is compared with all before it, also with those that repeat themselves.
 template <class Item, class Value, class Config>
 std::vector<int> KplAAtomicList<Item, Value, Config>::_repeatedRanks() const
 {
@@ -310,12 +314,13 @@ template <class Change>
 void KplAAtomicList<Item, Value, Config>::_change(Change change)
 {
     KuoLock<KpnModif> lock(this);
+    const quint64 heardBefore = _heard;
     {
         const Raised fixing(_fixing, lock);
         const Raised walking(this->_walking, lock);
         change(lock);
     }
-    if (lock.isAlive())
+    if (lock.isAlive() && _heard != heardBefore)
         _invalidateAutomatic();
     if (lock.isAlive())
         _fixItems();
@@ -336,6 +341,7 @@ void KplAAtomicList<Item, Value, Config>::_configureAll(Operation operation)
 template <class Item, class Value, class Config>
 void KplAAtomicList<Item, Value, Config>::update(const KpnModif& modif)
 {
+    ++_heard;
     _forgetChecks(modif);
     if (this->_walking || !(_unique || this->isAutomatic())) {
         KpcList<Item>::update(modif);
@@ -514,7 +520,7 @@ void KplAAtomicList<Item, Value, Config>::unserializeAtomicItems(const QStringLi
         this->_rebuildItems(keys, [&](const QList<Item*>&, Item* item, int rank) {
             const KuoPointer<KpbAParameter> guarded(item);
             item->unserialize(maps.value(rank));
-            return guarded && (!_unique || distinct.add(item->getValue()));
+            return guarded && (!_unique || (!distinct.contains(item->getValue()) && distinct.add(item->getValue())));
         });
     }
     lock.commit();

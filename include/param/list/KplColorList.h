@@ -3,10 +3,14 @@
 #include <param/atomic/KpaColor.h>
 #include <param/list/KplAAtomicList.h>
 
-/// A number that is the same for equal colours.
+/// A number that is the same for equal colours. Those in hue, saturation and lightness are equal within a tolerance.
 inline uint qHash(const QColor& color, uint seed = 0)
 {
-    return qHash(color.rgba(), seed);
+    if (color.spec() != QColor::Hsl && color.spec() != QColor::Hsv)
+        return qHash(color.rgba(), seed);
+    // The hue of a grey, which reads as -1, compares as the number that stands for it: 65535 hundredths.
+    const int hue = color.spec() == QColor::Hsl ? color.hslHue() : color.hsvHue();
+    return qHash((hue < 0 ? 655 : hue) % 360, seed);
 }
 
 extern template class KESTRIN_PARAM_EXPORT KpcList<KpaColor>;

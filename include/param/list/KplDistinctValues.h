@@ -6,10 +6,10 @@
 
 #include <basic/MbuUnit.h>
 
+#include <algorithm>
 #include <cmath>
 #include <concepts>
 #include <unordered_set>
-#include <utility>
 
 /// A number that is the same for equal units.
 inline uint qHash(const MbuUnit& unit, uint seed = 0)
@@ -17,16 +17,17 @@ inline uint qHash(const MbuUnit& unit, uint seed = 0)
     return qHash(unit.getKey(), seed);
 }
 
-/// Values of which no two are equal, for the lists that admit each value once. Adding n values takes time in proportion
+/// The values that have come so far, for the lists that admit each value once. Adding n values takes time in proportion
 /// to n where the type has a `qHash`, and to its square where it can only be compared.
 template <class Value>
 class KplDistinctValues
 {
 public:
-    /// Gives whether `value` is equal to none of the values so far, and keeps it then.
+    bool contains(const Value& value) const { return _values.contains(value); }
+    /// Gives whether `value` is equal to none of those before it. It counts from now on, whether or not it is.
     bool add(const Value& value)
     {
-        if (_values.contains(value))
+        if (contains(value))
             return false;
         _values.append(value);
         return true;
@@ -46,6 +47,7 @@ requires requires(const Value& value)
 class KplDistinctValues<Value>
 {
 public:
+    bool contains(const Value& value) const { return _values.contains(value); }
     bool add(const Value& value)
     {
         const int known = _values.size();
@@ -57,36 +59,61 @@ private:
     QSet<Value> _values;
 };
 
-/// Numbers are equal that differ by less than 1e-10.
+/// Numbers are equal that differ by less than 1e-10. That a equals b and b equals c does not make a equal c.
 template <>
 class KplDistinctValues<double>
 {
 public:
+    bool contains(double value) const
+    {
+        if (std::isnan(value))
+            return false;
+        if (_isExact(value))
+            return _exact.count(value) != 0;
+        const qint64 cell = _cellOf(value);
+        const auto endsIn = [&](qint64 below) {
+            const auto found = _cells.constFind(below);
+            return found != _cells.constEnd() && value - found->greatest < Tolerance;
+        };
+        const auto beginsIn = [&](qint64 above) {
+            const auto found = _cells.constFind(above);
+            return found != _cells.constEnd() && found->least - value < Tolerance;
+        };
+        return _cells.contains(cell) || endsIn(cell - 1) || endsIn(cell - 2) || beginsIn(cell + 1) ||
+               beginsIn(cell + 2);
+    }
     bool add(double value)
     {
         if (std::isnan(value))
             return true;
-        // From here on, neighbouring numbers are further apart than the tolerance.
-        if (std::abs(value) >= ExactFrom)
+        if (_isExact(value))
             return _exact.insert(value).second;
-        // Equal numbers share a cell or lie in neighbouring ones.
-        const auto cell = qint64(std::floor(value * CellsPerUnit));
-        for (const qint64 near : {cell - 1, cell, cell + 1}) {
-            for (auto kept = _cells.constFind(near); kept != _cells.constEnd() && kept.key() == near; ++kept) {
-                if (std::abs(*kept - value) < Tolerance)
-                    return false;
-            }
-        }
-        _cells.insert(cell, value);
-        return true;
+        const bool isNew = !contains(value);
+        const auto found = _cells.find(_cellOf(value));
+        if (found == _cells.end())
+            _cells.insert(_cellOf(value), {value, value});
+        else
+            *found = {std::min(found->least, value), std::max(found->greatest, value)};
+        return isNew;
     }
 
 private:
+    // The values of one cell are all equal.
+    struct Cell
+    {
+        double least;
+        double greatest;
+    };
+
     static constexpr double Tolerance = 1e-10;
     static constexpr double ExactFrom = 0x1p20;
-    // A power of two, so that cells are exact.
-    static constexpr double CellsPerUnit = 0x1p32;
+    // A power of two, so that cells are exact. A cell is narrower than the tolerance, and two are wider.
+    static constexpr double CellsPerUnit = 0x1p34;
 
-    QMultiHash<qint64, double> _cells;
+    // Neighbouring numbers are further apart than the tolerance.
+    static bool _isExact(double value) { return std::abs(value) >= ExactFrom; }
+    static qint64 _cellOf(double value) { return qint64(std::floor(value * CellsPerUnit)); }
+
+    QHash<qint64, Cell> _cells;
     std::unordered_set<double> _exact;
 };

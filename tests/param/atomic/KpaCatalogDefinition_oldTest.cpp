@@ -176,7 +176,7 @@ TEST(KpaCatalogDefinition_old, DropsEmptyPartsOfACategory)
         EXPECT_EQ(readCategory(text), expected) << text;
 }
 
-TEST(KpaCatalogDefinition_old, PassesOverCategoriesWithoutANumberOrAColor)
+TEST(KpaCatalogDefinition_old, PassesOverCategoriesWithoutANumberOrAnythingElse)
 {
     for (const char* text : {"", "|", "1", "1|", "Sand|2", "x|Sand|2", "1.5|Sand|2", "|Sand|2", "2147483648|Sand|2"})
         EXPECT_TRUE(readCategory(text).isEmpty()) << text;
@@ -190,6 +190,17 @@ TEST(KpaCatalogDefinition_old, ReadsColorsThatAreNoNumbersAsZero)
         const auto categories = readCategory(QStringLiteral("1|Sand|%1").arg(text));
         EXPECT_EQ(categories.value(1), (MbdEnumCatalog::Category{"Sand", MbbColor(0)})) << text;
     }
+}
+
+TEST(KpaCatalogDefinition_old, TakesWhatFollowsANumberAsTheColorWhereItIsOneElseAsTheLabel)
+{
+    const std::pair<const char*, MbdEnumCatalog::Category> rows[] = {
+        {"1||7", {"", MbbColor(7)}},       {"1|7", {"", MbbColor(7)}},
+        {"1|Sand", {"Sand", MbbColor(0)}}, {"1|Fine%20sand|", {"Fine sand", MbbColor(0)}},
+        {"1|-1", {"-1", MbbColor(0)}},
+    };
+    for (const auto& [text, expected] : rows)
+        EXPECT_EQ(readCategory(text).value(1), expected) << text;
 }
 
 TEST(KpaCatalogDefinition_old, KeepsTheLastOfCategoriesWithOneNumber)

@@ -1,4 +1,5 @@
 #include <param/atomic/KpaColor.h>
+#include <support/ForeignLocale.h>
 #include <support/GarbageTexts.h>
 #include <support/ObservedAtomic.h>
 
@@ -72,6 +73,20 @@ TEST(KpaColor, ShowsTheOpacityOfATransparentColor)
     for (const auto& [color, text] : rows)
         EXPECT_EQ(KpaColorConfig().toString(color), text);
     EXPECT_EQ(opaqueOnly().toString(QColor(255, 128, 0, 128)), "#ff8000");
+}
+
+TEST(KpaColor, ShowsItsOpacityWhateverTheLocale)
+{
+    const ForeignLocale foreign;
+    EXPECT_EQ(KpaColorConfig().toString(QColor(255, 128, 0, 51)), "#ff8000 (opacity=20.000000%)");
+}
+
+TEST(KpaColor, StoresTheRedGreenAndBlueOfAColorThatIsGivenInAnotherWay)
+{
+    KpaColor color("KEY");
+    color.setValue(QColor::fromHsv(120, 255, 255));
+    EXPECT_EQ(color.serialize(), Map({{"red", "0"}, {"green", "255"}, {"blue", "0"}, {"opacity", "255"}}));
+    EXPECT_EQ(KpaColorConfig().unserializeValue({{"blue", "9"}}, color.getValue()), QColor(0, 255, 9));
 }
 
 TEST(KpaColor, StoresItsComponents)

@@ -1,5 +1,6 @@
 #include <basic/MbbGlobal.h>
 #include <param/atomic/KpaLineStyle.h>
+#include <support/ForeignLocale.h>
 #include <support/GarbageTexts.h>
 #include <support/ObservedAtomic.h>
 
@@ -175,6 +176,15 @@ TEST(KpaLineStyle, ReadsBackWhatItStores)
     KugLineStyle style = dashed();
     style.setBorderWidth(MbbGlobal::D_FFFF);
     EXPECT_EQ(read(KpaLineStyleConfig().serializeValue(style)), style);
+}
+
+TEST(KpaLineStyle, WritesAndReadsNumbersWhateverTheLocale)
+{
+    const ForeignLocale foreign;
+    EXPECT_EQ(KpaLineStyleConfig().serializeValue(dashed()), storedDashed());
+    EXPECT_EQ(KpaLineStyleConfig().toString(dashed()), "Pen[Dash] Width[2.5]");
+    EXPECT_EQ(read(storedDashed()), dashed());
+    EXPECT_EQ(read(with("width", "2,5")).getWidth(), MbbGlobal::D_FFFF);
 }
 
 TEST(KpaLineStyle, KeepsItsStyleWholeWithoutPenColorOrWidth)

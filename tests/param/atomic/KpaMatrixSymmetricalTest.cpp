@@ -1,6 +1,7 @@
 #include <basic/MbbUserStringFormats.h>
 #include <basic/MbdVariableDetailsHelper.h>
 #include <param/atomic/KpaMatrixSymmetrical.h>
+#include <support/ForeignLocale.h>
 #include <support/GarbageTexts.h>
 #include <support/ObservedAtomic.h>
 #include <support/SymmetricMatrix.h>
@@ -576,6 +577,59 @@ TEST_F(KpaMatrixSymmetricalTest, StoresConstraintsBehindTheElements)
                                           {"max_V2", ""},
                                           {"min_V3", "0"},
                                           {"max_V3", "2.5"}}));
+}
+
+TEST_F(KpaMatrixSymmetricalTest, StoresTheConstraintsOfEachElementOfTheUpperTriangle)
+{
+    parameter.setMode(Constraints);
+    parameter.setValue(constraints(3, {11, 12, 13, 22, 23, 33}, {1, 2, 3, 4, 5, 6}, {91, 92, 93, 94, 95, 96}, Bounded));
+    const Map stored = parameter.serialize();
+    EXPECT_EQ(stored, Map({{"size", "3"},    {"behavior", "Constrained"},
+                           {"node_1", "11"}, {"node_2", "12"},
+                           {"node_3", "13"}, {"node_4", "22"},
+                           {"node_5", "23"}, {"node_6", "33"},
+                           {"min_V1", "1"},  {"max_V1", "91"},
+                           {"min_V2", "2"},  {"max_V2", "92"},
+                           {"min_V3", "3"},  {"max_V3", "93"},
+                           {"min_V4", "4"},  {"max_V4", "94"},
+                           {"min_V5", "5"},  {"max_V5", "95"},
+                           {"min_V6", "6"},  {"max_V6", "96"}}));
+    const KuuMatrixSymmetrical read = inMode(Constraints).unserializeValue(stored, KuuMatrixSymmetrical(1));
+    EXPECT_EQ(read.getMinimums(), Limits({1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(read.getMaximums(), Limits({91, 92, 93, 94, 95, 96}));
+    EXPECT_EQ(read.getElementAt(1, 2), 23);
+    EXPECT_EQ(read.getElementAt(2, 0), 13);
+}
+
+TEST_F(KpaMatrixSymmetricalTest, StoresNoConstraintsInTheModeOfNumbers)
+{
+    parameter.setMode(Constraints);
+    parameter.setValue(constraints(1, {2}, {1}, {3}, Bounded));
+    parameter.setMode(Values);
+    EXPECT_EQ(parameter.serialize(), Map({{"size", "1"}, {"node_1", "2"}}));
+}
+
+TEST_F(KpaMatrixSymmetricalTest, WritesAndReadsNumbersWhateverTheLocale)
+{
+    const ForeignLocale foreign;
+    parameter.setValue(values(1, {1234567.5}));
+    EXPECT_EQ(parameter.toString(), "1234567.50");
+    EXPECT_EQ(parameter.serialize(), Map({{"size", "1"}, {"node_1", "1234567.5"}}));
+    parameter.unserialize({{"size", "1"}, {"node_1", "2.25"}});
+    EXPECT_EQ(parameter.getValue(), values(1, {2.25}));
+    parameter.unserialize({{"size", "1"}, {"node_1", "2,25"}});
+    EXPECT_EQ(parameter.getValue(), values(1, {0}));
+}
+
+TEST_F(KpaMatrixSymmetricalTest, TakesLimitsThatAreNotFiniteAsNone)
+{
+    const double infinite = std::numeric_limits<double>::infinity();
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    parameter.setValue(values(2, {1, 2, 3}));
+    parameter.setElementBounds({none, infinite, -infinite}, {none, -infinite, infinite});
+    EXPECT_EQ(parameter.getValue(), values(2, {1, 2, 3}));
+    parameter.setElementMaximum(none);
+    EXPECT_EQ(parameter.getValue(), values(2, {1, 2, 3}));
 }
 
 TEST_F(KpaMatrixSymmetricalTest, StoresAndReadsEachBehavior)

@@ -705,11 +705,24 @@ TEST_F(KpaRotationTest, StaysDefinedWhateverIsStoredInAnyOfItsForms)
     }
 }
 
-TEST_F(KpaRotationTest, MakesNoConventionForAnglesThatItDoesNotRead)
+TEST_F(KpaRotationTest, MakesAConventionAlsoForAnglesThatItDoesNotRead)
 {
-    const RecordedMessages messages;
-    read(stored("7", "not made for nothing", "", "20", "30"));
-    EXPECT_EQ(messages.warnings, QStringList());
+    const QString string = "+Y-X+Y";
+    EXPECT_EQ(read(stored("7", string, "", "20", "30")), rotation(1, 2, 3));
+    bool known = false;
+    for (int id = 0; id < 10'000 && !known; ++id)
+        known = convention(id) && convention(id)->getDefinitionString() == string;
+    EXPECT_TRUE(known);
+}
+
+TEST_F(KpaRotationTest, StaysAsItIsIn2DWhenItIsGivenItsOwnRotation)
+{
+    parameter.setDimension(MbgEDimension::DIM_2D, 1.0 / 3);
+    for (const double angle : {0.1, 1.0 / 3, 57.29577951308232, -359.99999999999994, 1e-300, 1e300}) {
+        parameter.setAngle1Degree(angle);
+        EXPECT_EQ(observed.flagsOf([](KpaRotation& p) { p.setValue(MbgRotation(p.getValue())); }), Flags()) << angle;
+        EXPECT_EQ(observed.flagsOf([](KpaRotation& p) { p.unserialize(p.serialize()); }), Flags()) << angle;
+    }
 }
 
 TEST_F(KpaRotationTest, ReadsPlainAnglesAsTheFallbackOfDelegates)

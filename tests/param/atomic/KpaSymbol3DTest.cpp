@@ -1,4 +1,5 @@
 #include <param/atomic/KpaSymbol3D.h>
+#include <support/ForeignLocale.h>
 #include <support/GarbageTexts.h>
 #include <support/ObservedAtomic.h>
 
@@ -113,6 +114,14 @@ TEST(KpaSymbol3D, StoresItsSymbol)
 
 TEST(KpaSymbol3D, ReadsBackWhatItStores)
 {
+    EXPECT_EQ(read(storedCone()), cone());
+}
+
+TEST(KpaSymbol3D, WritesAndReadsNumbersWhateverTheLocale)
+{
+    const ForeignLocale foreign;
+    EXPECT_EQ(KpaSymbol3DConfig().serializeValue(cone()), storedCone());
+    EXPECT_EQ(KpaSymbol3DConfig().toString(cone()), "[Cone] Size[2.5] Color[1|2|3]");
     EXPECT_EQ(read(storedCone()), cone());
 }
 

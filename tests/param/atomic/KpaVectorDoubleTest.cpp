@@ -54,6 +54,17 @@ TEST_F(KpaVectorDoubleTest, IsOfTheKindVector)
     EXPECT_EQ(KpaVectorDoubleConfig().getType(), KpbEType::VECTOR_DOUBLE);
 }
 
+TEST_F(KpaVectorDoubleTest, ComparesTheKindsOfConfigs)
+{
+    struct ConfigOfOtherKind : KpaAVectorConfig<MbgVector3D, double, KpaDoubleConfig>
+    {
+        ConfigOfOtherKind() : KpaAVectorConfig(KpbEType::MATRIX) {}
+    };
+    const KpaAVectorConfig<MbgVector3D, double, KpaDoubleConfig>& config = KpaVectorDoubleConfig();
+    EXPECT_FALSE(config == ConfigOfOtherKind());
+    EXPECT_TRUE(config == KpaVectorDoubleConfig());
+}
+
 TEST_F(KpaVectorDoubleTest, StartsWithoutUnitsAndDefined)
 {
     EXPECT_TRUE(parameter.isDefined());

@@ -1,6 +1,7 @@
 #include "CompositeTestTools.h"
 
 #include <basic/MbuUnitService.h>
+#include <param/KpsSerializerTestTools.h>
 #include <param/composite/KpcConstraintDouble.h>
 #include <support/BracketTranslator.h>
 #include <support/RecordedMessages.h>
@@ -52,6 +53,17 @@ QList<QStringList> allEntries(const RecordingObserver& observer)
 }
 
 using Records = QList<QStringList>;
+
+QString storedPart(const QString& key, const QString& text)
+{
+    return " <param key=\"" + key + (text.isEmpty() ? QString("\"/>\n") : "\">" + text + "</param>\n");
+}
+
+QString storedForm(const QString& value, const QString& lower, const QString& upper)
+{
+    return "<param key=\"C\">\n" + storedPart("VALUE", value) + storedPart("LOWER_BOUND", lower) +
+           storedPart("UPPER_BOUND", upper) + "</param>\n";
+}
 
 } // namespace
 
@@ -260,6 +272,29 @@ TEST(KpcConstraintDouble, LosesTheBoundsOfAPlainNumberWhenNothingIsKnown)
     EXPECT_EQ(c.upper->getValue(), undefined);
 }
 
+TEST(KpcConstraintDouble, IsUnknownIfItHasLostItsBoundsAsAPlainNumber)
+{
+    Constrained c(0, 10);
+    c.constraint->setMode(Values);
+    c.lower->setValue(undefined);
+    c.upper->setValue(undefined);
+    EXPECT_EQ(c.constraint->getBehavior(), 2);
+    c.constraint->setMode(Constraints);
+    EXPECT_EQ(c.constraint->getBehavior(), 0);
+    EXPECT_EQ(c.constraint->toString(), "[unknown]");
+}
+
+TEST(KpcConstraintDouble, TakesTheBoundsOverThatItWasGivenAsAPlainNumber)
+{
+    Constrained c(0, 10);
+    c.constraint->setMode(Values);
+    c.lower->setValue(undefined);
+    c.upper->setValue(7);
+    c.constraint->setMode(Constraints);
+    EXPECT_EQ(c.constraint->getBehavior(), 2);
+    EXPECT_EQ(c.constraint->toString(), QString::fromUtf8("]-∞ 7]"));
+}
+
 TEST(KpcConstraintDouble, TellsOfANewMode)
 {
     Constrained c(Values);
@@ -412,6 +447,64 @@ TEST(KpcConstraintDouble, SaysWhetherAPartIsDefined)
     EXPECT_FALSE(c.constraint->isDefined(LowerBound));
     EXPECT_EQ(c.constraint->toString(LowerBound), "Min.");
     EXPECT_EQ(c.constraint->toString(UpperBound), "Max.");
+}
+
+TEST(KpcConstraintDouble, HasTheTwoFormsOfTheAutomaticState)
+{
+    const Constrained c;
+    c.constraint->setAutoValue(Value, 4);
+    EXPECT_TRUE(c.constraint->isAutomaticValueInitialized(Value));
+    EXPECT_FALSE(c.constraint->isAutomaticValueInitialized());
+}
+
+TEST(KpcConstraintDouble, IsStoredAsItsParts)
+{
+    const Constrained c(undefined, 10);
+    EXPECT_TRUE(c.constraint->serialize().isEmpty());
+    EXPECT_EQ(SerializerTest::writtenParam(*c.constraint), storedForm("0", "", "10"));
+}
+
+TEST(KpcConstraintDouble, FindsOutWhatIsKnownFromTheBoundsThatItReads)
+{
+    // The stored bounds, and what a constraint that was unknown, known or bounded by 0 and 10 is then.
+    const std::tuple<QString, QString, QList<int>> rows[] = {
+        {"", "", {0, 1, 0}}, // a known one does not change, as it has no bounds
+        {"2", "", {2, 2, 2}},
+        {"", "8", {2, 2, 2}},
+        {"2", "8", {2, 2, 2}},
+    };
+    for (const auto& [lower, upper, behaviors] : rows) {
+        Constrained unknown;
+        Constrained known;
+        known.value->setValueLocked(true);
+        Constrained bounded(0, 10);
+        QList<int> read;
+        for (Constrained* each : {&unknown, &known, &bounded}) {
+            SerializerTest::read(*each->constraint, storedForm("5", lower, upper));
+            EXPECT_EQ(each->value->getValue(), 5);
+            EXPECT_EQ(KpsSerializer::fromDouble(each->lower->getValue(), 'g', 10), lower);
+            EXPECT_EQ(KpsSerializer::fromDouble(each->upper->getValue(), 'g', 10), upper);
+            read.append(each->constraint->getBehavior());
+        }
+        EXPECT_EQ(read, behaviors) << lower.toStdString() << " " << upper.toStdString();
+    }
+}
+
+TEST(KpcConstraintDouble, ReadsItsPartsAsAPlainNumberAndKnowsNoMore)
+{
+    Constrained c(Values);
+    SerializerTest::read(*c.constraint, storedForm("5", "2", "8"));
+    EXPECT_EQ(c.constraint->getBehavior(), 0);
+    EXPECT_EQ(c.lower->getValue(), 2);
+    EXPECT_EQ(c.upper->getValue(), 8);
+}
+
+TEST(KpcConstraintDouble, TakesStoredBoundsThatAreNoNumbersForMissingOnes)
+{
+    Constrained c(0, 10);
+    SerializerTest::read(*c.constraint, storedForm("x", "y", "z"));
+    EXPECT_EQ(c.value->getValue(), 0);
+    EXPECT_EQ(c.constraint->toString(), "[unknown]");
 }
 
 TEST(KpcConstraintDouble, CopiesItsStateAndItsParts)

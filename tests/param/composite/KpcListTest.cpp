@@ -354,6 +354,25 @@ TEST(KpcList, RenumbersEveryLabelThatBeginsAsALabelOfAnItem)
     EXPECT_EQ(itemLabels(list), QStringList({"Size #1", "Size #2"}));
 }
 
+TEST(KpcList, RenumbersWhatWasLabelledBetweenAdditions)
+{
+    IntegerList list(1);
+    list.addItem()->setLabel("Size #7");
+    list.addItem();
+    list.addItem();
+    list.getItemAt(2)->setLabel("Mine");
+    list.removeLastItem();
+    EXPECT_EQ(itemLabels(list), QStringList({"Size #1", "Size #2", "Mine"}));
+    list.getItemPrototype()->setLabel("Mi");
+    list.getItemAt(2)->setLabel("Mi #1");
+    list.addItem();
+    list.removeItemAt(0);
+    EXPECT_EQ(itemLabels(list), QStringList({"Size #2", "Mi #2", "Mi #3"}));
+    list.clear();
+    list.addItem();
+    EXPECT_EQ(itemLabels(list), QStringList({"Mi #1"}));
+}
+
 TEST(KpcList, LeavesTheLabelsOfPresentItemsWhenThePrototypeIsLabelled)
 {
     IntegerList list(2);
@@ -484,6 +503,17 @@ TEST(KpcList, MakesAnItemTheModelOfTheOthers)
     EXPECT_EQ(list.addItem()->getValue(), 8);
 }
 
+TEST(KpcList, CopiesAnItemThatIsToBeThePrototypeItself)
+{
+    IntegerList list(1);
+    KpaInteger* item = list.getItemAt(0);
+    list.setItemPrototype(item, false);
+    EXPECT_NE(list.getItemPrototype(), item);
+    EXPECT_EQ(list.getItemAt(0), item);
+    list.clear();
+    EXPECT_EQ(list.getItemPrototype()->getKey(), "PROTOTYPE");
+}
+
 TEST(KpcList, MakesANewPrototypeWhenItsOwnDies)
 {
     IntegerList list(1);
@@ -595,6 +625,21 @@ TEST(KpcList, MakesAnItemForEachTimeAKeyRepeats)
     EXPECT_EQ(list.getChild("ITEM_1"), second);
 }
 
+TEST(KpcList, ReordersItemsWhoseKeysRepeatInTheirFormerOrder)
+{
+    IntegerList list;
+    list.resetItemKeys(itemKeys({1, 2, 1, 2, 1}));
+    QList<KpaInteger*> items;
+    for (int i = 0; i < list.getItemCount(); ++i)
+        items.append(list.getItemAt(i));
+    list.resetItemKeys(itemKeys({2, 2, 1, 1, 1, 1}));
+    const QList<KpaInteger*> expected = {items[1], items[3], items[0], items[2], items[4]};
+    for (int i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(list.getItemAt(i), expected[i]) << i;
+    EXPECT_EQ(list.getItemKeys(), itemKeys({2, 2, 1, 1, 1, 1}));
+    EXPECT_FALSE(items.contains(list.getItemAt(5)));
+}
+
 TEST(KpcList, FindsTheFirstOfManyItemsWithOneKey)
 {
     IntegerList list;
@@ -625,6 +670,25 @@ TEST(KpcList, KeepsWhatIsAcceptedAndDestroysTheRest)
     EXPECT_EQ(list.getItemKeys(), QStringList({"ITEM_4", "NEW", "ITEM_3"}));
     EXPECT_EQ(itemLabels(list), QStringList({"Size #1", "Size #2", "Mine"}));
     EXPECT_EQ(list.structureChanges, 1);
+}
+
+TEST(KpcList, NumbersNewItemsBehindThoseThatAreLeftAndByTheirRankInTheEnd)
+{
+    IntegerList list(3);
+    RecordingObserver observer(list);
+    QStringList labels;
+    list._rebuildItems(itemKeys({4, 2, 5, 1, 6}), [&](const QList<KpaInteger*>&, KpaInteger* item, int) {
+        labels.append(item->getLabel());
+        return true;
+    });
+    EXPECT_EQ(labels, QStringList({"Size #4", "Size #2", "Size #3", "Size #1", "Size #2"}));
+    EXPECT_EQ(itemLabels(list), QStringList({"Size #1", "Size #2", "Size #3", "Size #4", "Size #5"}));
+    ASSERT_EQ(observer.records.size(), 1);
+    EXPECT_EQ(observer.flagsOf(list), valueChildrenItem);
+    for (const int rank : {0, 3, 4})
+        EXPECT_EQ(observer.flagsOf(*list.getItemAt(rank)), int(Kp::NotifyConfig)) << rank;
+    for (const int rank : {1, 2})
+        EXPECT_EQ(observer.flagsOf(*list.getItemAt(rank)), 0) << rank;
 }
 
 TEST(KpcList, TellsOfAnItemThatWasNotAcceptedUnderTheSameKeys)

@@ -1,5 +1,6 @@
 #include "CompositeTestTools.h"
 
+#include <param/KpsSerializerTestTools.h>
 #include <param/composite/KpcVectorConstraintDouble.h>
 #include <support/BracketTranslator.h>
 
@@ -246,6 +247,53 @@ TEST(KpcVectorConstraintDouble, FollowsAsPlainNumbersToo)
     EXPECT_EQ(c.vector->getValues(), MbgVector3D(4, 4, 4));
 }
 
+TEST(KpcVectorConstraintDouble, PassesALockOnThatWasTakenBeforeALinkOfPlainNumbers)
+{
+    const std::tuple<ComponentLink, QList<int>> rows[] = {
+        {AllFollowFirst, {1, 1, 1}},
+        {SecondFollowsFirst, {1, 1, 0}},
+    };
+    for (const auto& [link, behaviors] : rows) {
+        const Constrained c;
+        c.part(0, Value).setValueLocked(true);
+        c.vector->setMode(Values);
+        c.vector->setComponentLink(link);
+        c.vector->setMode(Constraints);
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(c[i].getBehavior(), behaviors[i]);
+            EXPECT_EQ(c.part(i, Value).isValueLocked(), behaviors[i] == 1);
+        }
+    }
+}
+
+TEST(KpcVectorConstraintDouble, TakesALockOffThatWasTakenBeforeALinkOfPlainNumbers)
+{
+    const Constrained c;
+    c.part(1, Value).setValueLocked(true);
+    c.vector->setMode(Values);
+    c.vector->setComponentLink(AllFollowFirst);
+    c.vector->setMode(Constraints);
+    EXPECT_EQ(c.vector->getBehavior(Second), 0);
+    EXPECT_FALSE(c.part(1, Value).isValueLocked());
+}
+
+TEST(KpcVectorConstraintDouble, KeepsWhatIsKnownOfLinkedComponentsAsPlainNumbers)
+{
+    const Constrained c;
+    c.vector->setComponentLink(AllFollowFirst);
+    c.part(0, Value).setValueLocked(true);
+    c.vector->setMode(Values);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(c[i].getBehavior(), 1);
+        EXPECT_FALSE(c.part(i, Value).isValueLocked());
+    }
+    c.vector->setMode(Constraints);
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(c[i].getBehavior(), 1);
+        EXPECT_TRUE(c.part(i, Value).isValueLocked());
+    }
+}
+
 TEST(KpcVectorConstraintDouble, FollowsNoChangeOfAConfiguration)
 {
     const Constrained c;
@@ -346,6 +394,37 @@ TEST(KpcVectorConstraintDouble, PrintsPlainNumbers)
     EXPECT_EQ(c.vector->toString(), "[1,2]");
     c.vector->setDimension(Dimension1, 0);
     EXPECT_EQ(c.vector->toString(), "1");
+}
+
+TEST(KpcVectorConstraintDouble, ReadsWhatIsStoredOfEachComponentEvenIfItFollowsTheFirst)
+{
+    const QString form = R"(<param key="V">
+ <param key="COMPONENT_1">
+  <param key="VALUE">1</param>
+  <param key="LOWER_BOUND">5</param>
+  <param key="UPPER_BOUND"/>
+ </param>
+ <param key="COMPONENT_2">
+  <param key="VALUE">2</param>
+  <param key="LOWER_BOUND"/>
+  <param key="UPPER_BOUND">6</param>
+ </param>
+ <param key="COMPONENT_3">
+  <param key="VALUE">3</param>
+  <param key="LOWER_BOUND"/>
+  <param key="UPPER_BOUND"/>
+ </param>
+</param>
+)";
+    const Constrained c;
+    c.vector->setComponentLink(AllFollowFirst);
+    SerializerTest::read(*c.vector, form);
+    EXPECT_EQ(parts(c[0]), QList<double>({1, 5, undefined}));
+    EXPECT_EQ(parts(c[1]), QList<double>({2, undefined, 6}));
+    EXPECT_EQ(parts(c[2]), QList<double>({3, undefined, undefined}));
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(c[i].getBehavior(), i < 2 ? 2 : 0);
+    EXPECT_EQ(SerializerTest::writtenParam(*c.vector), form);
 }
 
 TEST(KpcVectorConstraintDouble, CopiesItsStateAndItsComponents)

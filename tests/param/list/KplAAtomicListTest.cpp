@@ -169,6 +169,15 @@ TEST(KplAAtomicList, StaysAutomaticWhenItIsGivenItsOwnValues)
     EXPECT_TRUE(list->isAutomatic());
 }
 
+TEST(KplAAtomicList, StaysAutomaticWhenItIsGivenItsOwnValuesThoughItsItemsAreNot)
+{
+    KplIntegerList list("LIST");
+    list.setValues({1, 2});
+    list.setAutomatic(true);
+    EXPECT_EQ(listFlagsOf(list, [&] { list.setValues({1, 2}); }), QList<int>());
+    EXPECT_EQ(automaticState(list), "automatic, not initialized");
+}
+
 TEST(KplAAtomicList, ComparesListsOfNumbersExactly)
 {
     KplDoubleList list("LIST");
@@ -196,6 +205,21 @@ TEST(KplAAtomicList, TakesNumbersThatDifferByLessThanTheToleranceForOne)
     EXPECT_EQ(list.getValues(), Doubles({1.0, 2.0}));
     list.setValues({1.0, 1.0 + 1e-9});
     EXPECT_EQ(list.getValues(), Doubles({1.0, 1.0 + 1e-9}));
+}
+
+TEST(KplAAtomicList, ComparesNumbersWithThoseThatAreKeptButItemsWithAllBeforeThem)
+{
+    const Doubles chain{0.0, 0.6e-10, 1.2e-10};
+    KplDoubleList list("LIST");
+    list.setValues(chain);
+    list.setUnique(true);
+    EXPECT_EQ(list.getValues(), Doubles({0.0}));
+    list.setValues(chain);
+    EXPECT_EQ(list.getValues(), Doubles({0.0, 1.2e-10}));
+    list.unserializeAtomicItems(itemKeys({1, 2, 3}),
+                                {storedValue("0"), storedValue("0.6e-10"), storedValue("1.2e-10")});
+    EXPECT_EQ(list.getValues(), Doubles({0.0, 1.2e-10}));
+    EXPECT_EQ(list.getItemKeys(), itemKeys({1, 3}));
 }
 
 TEST(KplAAtomicList, RemovesRepeatedValuesAsSoonAsItIsUnique)
@@ -267,6 +291,17 @@ TEST(KplAAtomicList, KeepsWhatRepeatsWithAnErrorWhereItIsNotResizable)
     EXPECT_EQ(list->getValues(), Integers({1, 1, 2}));
     EXPECT_EQ(messages.errors, QStringList({"Atomic List Param 'LIST' is not resizable with the unique flag true."}));
     EXPECT_TRUE(messages.warnings.isEmpty());
+}
+
+TEST(KplAAtomicList, KeepsAnItemThatComesToRepeatWithAnErrorWhereItIsNotResizable)
+{
+    const auto list = listOf({1, 2});
+    list->setUnique(true);
+    list->setResizable(false);
+    const RecordedMessages messages;
+    list->setValueAt(1, 1);
+    EXPECT_EQ(list->getValues(), Integers({1, 1}));
+    EXPECT_EQ(messages.errors, QStringList({"Atomic List Param 'LIST' is not resizable with the unique flag true."}));
 }
 
 TEST(KplAAtomicList, SaysNothingOfAFixedSizeWhereNothingRepeats)
@@ -711,6 +746,27 @@ TEST(KplAAtomicList, SurvivesItemsThatChangeItWhileItChangesThem)
     const ActingObserver first(*list->getItemAt(0), [&] { list->setItemCount(1); });
     list->setValues({7, 8, 9});
     EXPECT_EQ(list->getValues(), Integers({7}));
+}
+
+TEST(KplAAtomicList, IsNotFixedInTheMidstOfAChangeByOneWithinIt)
+{
+    KplDoubleList list("LIST");
+    list.setValues({1, 2, 3});
+    list.setUnique(true);
+    const ActingObserver first(*list.getItemAt(0), [&] { list.setMaximum(list.getItemPrototype()->getMaximum() + 1); });
+    list.setValues({2, 1, 3});
+    EXPECT_EQ(list.getValues(), Doubles({2, 1, 3}));
+    EXPECT_EQ(list.getItemKeys(), itemKeys({1, 2, 3}));
+}
+
+TEST(KplAAtomicList, StaysAutomaticWhereItIsGivenItsAutomaticValuesAgainWhileItTakesThemOver)
+{
+    const auto list = listOf({1, 2});
+    list->setAutoValues({5, 6});
+    const ActingObserver first(*list->getItemAt(0), [&] { list->setAutoValues({5, 6}); });
+    list->setAutomatic(true);
+    EXPECT_EQ(list->getValues(), Integers({5, 6}));
+    EXPECT_EQ(automaticState(*list), "automatic, initialized");
 }
 
 TEST(KplAAtomicList, StaysCarefulWhereAnObserverSetsValuesInTheMidstOfAChange)

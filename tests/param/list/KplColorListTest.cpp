@@ -63,6 +63,35 @@ TEST(KplColorList, AdmitsOneOfColorsThatAreEqualInOtherTerms)
     EXPECT_EQ(list.getItemCount(), 1);
 }
 
+TEST(KplColorList, AdmitsOneOfColorsThatAreEqualWithinTheTolerance)
+{
+    KplColorList list("KEY");
+    list.setUnique(true);
+    const QColor light = QColor::fromHslF(0.25, 0.5, 0.5015);
+    const QColor lighter = QColor::fromHslF(0.25, 0.5, 0.5020);
+    ASSERT_EQ(light, lighter);
+    ASSERT_NE(light.rgba(), lighter.rgba());
+    list.setValues({light, lighter, QColor::fromHslF(0.25, 0.5, 0.51)});
+    EXPECT_EQ(list.getItemCount(), 2);
+}
+
+TEST(KplColorList, TakesEqualHuesForOneInASet)
+{
+    const struct
+    {
+        QColor a;
+        QColor b;
+    } cases[] = {
+        {QColor::fromHslF(0, 0.5, 0.5), QColor::fromHslF(1, 0.5, 0.5)},
+        {QColor::fromHsvF(0, 0.5, 0.5), QColor::fromHsvF(1, 0.5, 0.5)},
+        {QColor::fromHsv(-1, 102, 102), QColor::fromHsvF(29535 / 36000.0, 0.4, 0.4)},
+    };
+    for (const auto& c : cases) {
+        ASSERT_EQ(c.a, c.b);
+        EXPECT_EQ(qHash(c.a), qHash(c.b));
+    }
+}
+
 TEST(KplColorList, KeepsTheFirstOfEachOfManyColors)
 {
     KplColorList list("KEY");

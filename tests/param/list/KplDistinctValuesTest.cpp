@@ -5,8 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QtCore/QPoint>
-
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -18,10 +17,26 @@ QList<Value> distinct(const QList<Value>& values)
     KplDistinctValues<Value> known;
     QList<Value> kept;
     for (const Value& value : values) {
-        if (known.add(value))
+        if (!known.contains(value) && known.add(value))
             kept.append(value);
     }
     return kept;
+}
+
+/// What equals none before it, the refused ones among them.
+template <class Value>
+QList<Value> newOnes(const QList<Value>& values)
+{
+    KplDistinctValues<Value> known;
+    QList<Value> found;
+    for (const Value& value : values) {
+        const bool isContained = known.contains(value);
+        const bool isNew = known.add(value);
+        EXPECT_NE(isContained, isNew);
+        if (isNew)
+            found.append(value);
+    }
+    return found;
 }
 
 struct Comparable
@@ -30,17 +45,31 @@ struct Comparable
     friend bool operator==(const Comparable& a, const Comparable& b) { return a.value == b.value; }
 };
 
+bool hasEqual(const QList<double>& values, double value)
+{
+    return std::any_of(values.begin(), values.end(),
+                       [&](double each) { return each == value || std::abs(each - value) < 1e-10; });
+}
+
 /// The rule itself, pair by pair.
 QList<double> distinctByPairs(const QList<double>& values)
 {
     QList<double> kept;
     for (const double value : values) {
-        const bool known = std::any_of(kept.begin(), kept.end(),
-                                       [&](double each) { return each == value || std::abs(each - value) < 1e-10; });
-        if (!known)
+        if (!hasEqual(kept, value))
             kept.append(value);
     }
     return kept;
+}
+
+QList<double> newOnesByPairs(const QList<double>& values)
+{
+    QList<double> found;
+    for (int i = 0; i < values.size(); ++i) {
+        if (!hasEqual(values.mid(0, i), values[i]))
+            found.append(values[i]);
+    }
+    return found;
 }
 
 } // namespace
@@ -55,6 +84,7 @@ TEST(KplDistinctValues, KeepsTheFirstOfEqualValues)
 TEST(KplDistinctValues, ComparesValuesThatHaveNoHash)
 {
     EXPECT_EQ(distinct<Comparable>({{1}, {2}, {1}}), QList<Comparable>({{1}, {2}}));
+    EXPECT_EQ(newOnes<Comparable>({{1}, {2}, {1}}), QList<Comparable>({{1}, {2}}));
 }
 
 TEST(KplDistinctValues, TellsUnitsApartByKeyAndClass)
@@ -73,6 +103,12 @@ TEST(KplDistinctValues, TakesNumbersForOneThatDifferByLessThanTheTolerance)
     EXPECT_EQ(distinct<double>({0.0, 0.6e-10, 1.2e-10, 1.8e-10}), QList<double>({0.0, 1.2e-10}));
 }
 
+TEST(KplDistinctValues, CountsANumberThatRepeatsForThoseBehindIt)
+{
+    EXPECT_EQ(newOnes<double>({0.0, 0.6e-10, 1.2e-10, 1.8e-10, 3e-10}), QList<double>({0.0, 3e-10}));
+    EXPECT_EQ(newOnes<int>({3, 1, 3, 2}), QList<int>({3, 1, 2}));
+}
+
 TEST(KplDistinctValues, TellsGreatNumbersApartExactly)
 {
     const double great = 1e15;
@@ -87,6 +123,7 @@ TEST(KplDistinctValues, TakesWhatIsNoNumberForDifferentEachTime)
 {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     EXPECT_EQ(distinct<double>({nan, 1.0, nan}).size(), 3);
+    EXPECT_EQ(newOnes<double>({nan, 1.0, nan}).size(), 3);
 }
 
 TEST(KplDistinctValues, DoesWithNumbersAsComparingEachPairDoes)
@@ -99,5 +136,6 @@ TEST(KplDistinctValues, DoesWithNumbersAsComparingEachPairDoes)
         for (int i = 0; i < 20; ++i)
             values.append(next = std::nextafter(next, 1e300));
         EXPECT_EQ(distinct(values), distinctByPairs(values)) << around;
+        EXPECT_EQ(newOnes(values), newOnesByPairs(values)) << around;
     }
 }

@@ -81,6 +81,17 @@ TEST_F(KplRotationListTest, BringsItsItemsToThePrototypesDimensionWhenAllValuesA
     EXPECT_EQ(list.getValues(), Values{rotation(10, 0, 0)});
 }
 
+TEST_F(KplRotationListTest, TellsOfTheConfigurationOfItsItemsWhenItIsGivenItsOwnValues)
+{
+    list.setValues({rotation(10, 20, 30), rotation(1, 2, 3)});
+    const RecordingObserver observer(list);
+    list.setValues({rotation(10, 20, 30), rotation(1, 2, 3)});
+    ASSERT_EQ(observer.records.size(), 1);
+    EXPECT_EQ(observer.records[0].getNumberOfModif(), 2);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(observer.flagsOf(*list.getItemAt(i)), Kp::NotifyConfig);
+}
+
 TEST_F(KplRotationListTest, CountsRotationsAsEqualThatAreEqualWhateverTheUnit)
 {
     list.setUnique(true);

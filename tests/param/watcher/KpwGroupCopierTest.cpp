@@ -245,6 +245,22 @@ TEST(KpwGroupCopier, SendsOneRecordPerDestination)
     EXPECT_FALSE(t.first->isLocked());
 }
 
+TEST(KpwGroupCopier, CopiesParametersOfOneGroupInTheOrderOfTheRecord)
+{
+    Copied t;
+    t.copier.removeDestination(t.second);
+    QStringList order;
+    ActingObserver ofA(integer(*t.first), [&] { order.append("A"); });
+    ActingObserver ofB(integer(*t.first, "B"), [&] { order.append("B"); });
+    KuoLock<KpnModif> lock(t.source);
+    integer(*t.source).setValue(3);
+    integer(*t.source, "B").setValue(4);
+    lock.commit();
+    // The order of entries is that of addresses.
+    const bool aFirst = std::less<const KpbAParameter*>()(&integer(*t.source), &integer(*t.source, "B"));
+    EXPECT_EQ(order, aFirst ? QStringList({"A", "B"}) : QStringList({"B", "A"}));
+}
+
 TEST(KpwGroupCopier, TellsOfTheDestinationsAndThenOfWhatItHeldBack)
 {
     Copied t;
