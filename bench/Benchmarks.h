@@ -9,6 +9,7 @@
 void registerSetBenchmarks();
 void registerBatchBenchmarks();
 void registerTreeBenchmarks();
+void registerListBenchmarks();
 
 /// Registers the function as "work/side", to which the library adds "/n" for each size that the caller goes on to name.
 template <class Side>

@@ -51,6 +51,17 @@ QByteArray Dom::save(const Plan& plan, double offset)
     return document.toByteArray();
 }
 
+QByteArray Dom::saveList(const Plan& plan, double offset)
+{
+    QDomDocument document = makeDocument();
+    QDomElement root = document.documentElement();
+    QDomElement list = appendParam(root, Plan::ListKey);
+    int id = 0;
+    for (const double value : plan.getValues(offset))
+        appendParam(list, QStringLiteral("ITEM_%1").arg(++id), toText(value));
+    return document.toByteArray();
+}
+
 double Dom::sum(const QByteArray& text)
 {
     QDomDocument document;

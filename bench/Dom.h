@@ -16,7 +16,9 @@ struct Dom
     static Root duplicate(const Root& root) { return root.cloneNode(true).toDocument(); }
     /// The text that the library makes of a tree of this plan, with `offset` added to each value.
     static QByteArray save(const Plan& plan, double offset = 0.0);
-    /// The sum of the values in the text.
+    /// The text that the library makes of a list with the values of this plan, with `offset` added to each.
+    static QByteArray saveList(const Plan& plan, double offset);
+    /// The sum of the values in the text of a tree or a list.
     static double sum(const QByteArray& text);
 
     /// A document with the declaration and an empty root.

@@ -4,6 +4,7 @@
 
 #include <param/atomic/KpaDouble.h>
 #include <param/composite/KpcGroup.h>
+#include <param/list/KplDoubleList.h>
 
 #include <memory>
 #include <vector>
@@ -13,6 +14,7 @@ struct Kestrin
 {
     using Leaf = KpaDouble;
     using Group = KpcGroup;
+    using List = KplDoubleList;
     using Root = std::unique_ptr<Group>;
     using Batch = KuoLock<KpnModif>;
 

@@ -4,6 +4,12 @@
 
 namespace {
 
+void write(QDomElement& element, const PlainList& list)
+{
+    for (int i = 0; i < list.getItemCount(); ++i)
+        Dom::appendParam(element, list.getItemAt(i)->getKey(), Dom::toText(list.getItemAt(i)->getValue()));
+}
+
 void write(QDomElement& element, const PlainGroup& group)
 {
     for (const PlainNode* node : group.getNodes()) {
@@ -12,8 +18,23 @@ void write(QDomElement& element, const PlainGroup& group)
             continue;
         }
         QDomElement child = Dom::appendParam(element, node->getKey());
-        write(child, *static_cast<const PlainGroup*>(node));
+        if (const auto* list = qobject_cast<const PlainList*>(node))
+            write(child, *list);
+        else
+            write(child, *static_cast<const PlainGroup*>(node));
     }
+}
+
+void read(PlainList& list, const QDomElement& element)
+{
+    QStringList keys;
+    QList<double> values;
+    Dom::forEachParam(element, [&](const QString& key, const QDomElement& child) {
+        keys.append(key);
+        values.append(child.text().toDouble());
+    });
+    list.resetItemKeys(keys);
+    list.setValues(values);
 }
 
 void read(PlainGroup& group, const QDomElement& element)
@@ -22,6 +43,8 @@ void read(PlainGroup& group, const QDomElement& element)
         PlainNode* node = group.getNode(key);
         if (auto* leaf = qobject_cast<PlainLeaf*>(node))
             leaf->setValue(child.text().toDouble());
+        else if (auto* list = qobject_cast<PlainList*>(node))
+            read(*list, child);
         else if (node)
             read(*static_cast<PlainGroup*>(node), child);
     });

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PlainList.h"
 #include "PlainNode.h"
 #include "Plan.h"
 
@@ -11,6 +12,7 @@ struct Plain
 {
     using Leaf = PlainLeaf;
     using Group = PlainGroup;
+    using List = PlainList;
     using Root = std::unique_ptr<Group>;
 
     /// Signals know no batches.

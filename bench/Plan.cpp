@@ -18,3 +18,11 @@ const Plan& Plan::of(int leafCount)
         plan = plans.emplace(leafCount, Plan(leafCount)).first;
     return plan->second;
 }
+
+QList<double> Plan::getValues(double offset) const
+{
+    QList<double> values;
+    for (const Row& leaf : _leaves)
+        values.append(leaf.value + offset);
+    return values;
+}

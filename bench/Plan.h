@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <vector>
@@ -17,6 +18,7 @@ public:
     };
 
     static constexpr int GroupSize = 20;
+    static constexpr const char* ListKey = "LIST";
     static constexpr double Minimum = 0.0;
     static constexpr double Maximum = 1e6;
 
@@ -25,6 +27,8 @@ public:
 
     const std::vector<Row>& getLeaves() const { return _leaves; }
     const std::vector<Row>& getGroups() const { return _groups; }
+    /// The values of all leaves, with `offset` added to each.
+    QList<double> getValues(double offset = 0.0) const;
 
     template <class EnterGroup, class VisitLeaf>
     void walk(EnterGroup enterGroup, VisitLeaf visitLeaf) const

@@ -2,6 +2,7 @@
 #include "Dom.h"
 #include "Kestrin.h"
 #include "Plain.h"
+#include "Texts.h"
 #include "Tree.h"
 
 #include <cmath>
@@ -62,27 +63,11 @@ void save<Dom>(benchmark::State& state)
         benchmark::DoNotOptimize(Dom::save(plan));
 }
 
-/// Two texts in turn, so that each reading changes each value.
-class Texts
-{
-public:
-    explicit Texts(const Plan& plan) : _texts{Dom::save(plan), Dom::save(plan, 1.0)} {}
-    const QByteArray& next()
-    {
-        _last = 1 - _last;
-        return _texts[_last];
-    }
-
-private:
-    QByteArray _texts[2];
-    int _last = 0;
-};
-
 template <class Side>
 void load(benchmark::State& state)
 {
     const Plan& plan = Plan::of(int(state.range()));
-    Texts texts(plan);
+    Texts texts(plan, Dom::save);
     Tree<Side> tree(buildTree<Side>, int(state.range()));
     bool loaded = true;
     for (auto _ : state)
@@ -95,7 +80,7 @@ void load(benchmark::State& state)
 template <>
 void load<Dom>(benchmark::State& state)
 {
-    Texts texts(Plan::of(int(state.range())));
+    Texts texts(Plan::of(int(state.range())), Dom::save);
     double sum = 0.0;
     for (auto _ : state)
         sum = Dom::sum(texts.next());

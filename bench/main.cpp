@@ -17,6 +17,7 @@ int main(int argc, char** argv)
     registerSetBenchmarks();
     registerBatchBenchmarks();
     registerTreeBenchmarks();
+    registerListBenchmarks();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 1;
