@@ -40,6 +40,12 @@ double toDegrees(double value, int unit)
 }
 } // namespace
 
+MbgAngle::MbgAngle(double value, const MbgEAngleUnit& unit) : _value(value), _unit(unit.getValue())
+{
+    if (!std::isfinite(getDegreeValue()))
+        _value = MbbGlobal::D_FFFF;
+}
+
 double MbgAngle::_getValue(int unit) const
 {
     return unit == _unit || _value == MbbGlobal::D_FFFF ? _value : fromDegrees(toDegrees(_value, _unit), unit);
@@ -55,14 +61,8 @@ double MbgAngle::getRadianValue() const
     return _getValue(Radian);
 }
 
-bool MbgAngle::isDefined() const
-{
-    return _value != MbbGlobal::D_FFFF && std::isfinite(getDegreeValue());
-}
-
 QString MbgAngle::toString() const
 {
     // The degree is the storage unit of angles.
-    const double degrees = isDefined() ? getDegreeValue() : MbbGlobal::D_FFFF;
-    return MbbUserStringFormats::getStringFormat(MbuEUnitClass::ANGLE).valueToString(degrees);
+    return MbbUserStringFormats::getStringFormat(MbuEUnitClass::ANGLE).valueToString(getDegreeValue());
 }

@@ -6,13 +6,13 @@
 #include <basic/MbgEAngleUnit.h>
 
 /// An angle: a number and its unit, both kept as they were given, so that the number comes back bit for bit in the unit
-/// it came in. A plain value; a default one is 0 degrees. The number `MbbGlobal::D_FFFF` makes an undefined angle,
-/// whose number is that marker in every unit.
+/// it came in. A plain value; a default one is 0 degrees. The number `MbbGlobal::D_FFFF`, and one that is not finite in
+/// degrees, make an undefined angle, whose number is that marker in every unit.
 class KESTRIN_BASIC_EXPORT MbgAngle
 {
 public:
     MbgAngle() = default;
-    MbgAngle(double value, const MbgEAngleUnit& unit) : _value(value), _unit(unit.getValue()) {}
+    MbgAngle(double value, const MbgEAngleUnit& unit);
 
     const MbgEAngleUnit& getUnit() const { return MbgEAngleUnit::fromValue(_unit); }
     /// The number in another unit. Of several numbers that lead back to the number given, it is the one with the fewest
@@ -21,8 +21,7 @@ public:
     double getDegreeValue() const;
     double getRadianValue() const;
 
-    /// Whether the number is another than the marker, and finite in degrees.
-    bool isDefined() const;
+    bool isDefined() const { return _value != MbbGlobal::D_FFFF; }
 
     /// In the user's format for angles; `MbbGlobal::STR_NA` for an undefined angle.
     QString toString() const;

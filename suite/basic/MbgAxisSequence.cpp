@@ -31,8 +31,8 @@ Matrix toMatrix(const MbgAxisSequence::Axes& axes)
     return matrix;
 }
 
-/// The turns by which rotations about axes i, j and l make up a matrix: Ken Shoemake, "Euler angle conversion", in
-/// Graphics Gems IV (1994), from the products of the elementary rotations. The first turn comes from the image of axis
+/// The turns by which rotations about axes i, j and l make up a matrix, read off the products of the elementary
+/// rotations. The first turn comes from the image of axis
 /// l, which the third leaves alone. The second and the third are read off what remains when the first is taken back, so
 /// that their sum is right even where each of them hangs on the last digits.
 class Decomposition
@@ -96,7 +96,7 @@ MbgAxisSequence::Angles MbgAxisSequence::turnsOf(const Angles& angles) const
 {
     Angles turns;
     for (std::size_t i = 0; i < turns.size(); ++i)
-        turns[i] = _turns[i].offset + _turns[i].sign * angles[i];
+        turns[i] = _turns[i].offset + _turns[i].sign * std::fmod(angles[i], 360.0);
     return turns;
 }
 

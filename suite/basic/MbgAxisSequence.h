@@ -18,7 +18,7 @@ class KESTRIN_BASIC_EXPORT MbgAxisSequence
 {
 public:
     using Angles = std::array<double, 3>;    ///< in degrees
-    using Axes = std::array<MbgVector3D, 3>; ///< U, V, W: the columns of the rotation matrix, unit vectors
+    using Axes = std::array<MbgVector3D, 3>; ///< U, V, W: the columns of the rotation matrix, right-handed unit vectors
 
     /// Two unit vectors as near to each other as this, a length, are taken as one.
     static constexpr double Tolerance = 1e-13;
@@ -26,18 +26,20 @@ public:
     /// Nothing where the text has another form.
     static std::optional<MbgAxisSequence> fromText(const QString& text);
 
-    /// Where the angles, which are finite, bring the axes X, Y and Z.
+    /// Where the angles, which are finite, bring the axes X, Y and Z: the product of the three elementary rotation
+    /// matrices, the first turn leftmost. Full turns change nothing, however many they are.
     Axes toAxes(const Angles& angles) const;
-    /// Angles in (-180, 180], rounded to 10^-12 degrees, that bring X, Y and Z there. The turn in the middle lies from
-    /// -90 to 90 degrees where the three axes differ, and from 0 to 180 where the first comes back. At the ends of that
-    /// range the other two turn about one line: the first takes all of it, and the third turn is 0.
+    /// Angles in (-180, 180], rounded to 10^-12 degrees, that bring X, Y and Z there. Ken
+    /// Shoemake, "Euler angle conversion", in Graphics Gems IV (1994), tells the formulas. The turn in the middle lies
+    /// from -90 to 90 degrees where the three axes differ, and from 0 to 180 where the first comes back. At the ends of
+    /// that range the other two turn about one line: the first takes all of it, and the third turn is 0.
     Angles toAngles(const Axes& axes) const;
 
     /// Whether the turns are about Z, then Y, then X, whatever their signs and offsets.
     bool isZYX() const;
-    /// The turns that the angles stand for.
+    /// The turns that the angles stand for, in degrees; full turns of the angles are left out.
     Angles turnsOf(const Angles& angles) const;
-    /// The angles, in (-180, 180], that stand for the turns.
+    /// The angles, in degrees in (-180, 180], that stand for the turns.
     Angles anglesOf(const Angles& turns) const;
 
     friend bool operator==(const MbgAxisSequence& a, const MbgAxisSequence& b) = default;

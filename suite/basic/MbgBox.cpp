@@ -28,13 +28,14 @@ bool MbgBox::isInside(const MbgBox& other, bool inThreeDimensions) const
     return true;
 }
 
-void MbgBox::extend(const MbgVector3D& point)
+bool MbgBox::extend(const MbgVector3D& point)
 {
     if (!isUsable(point))
-        return;
+        return false;
     for (int i = 0; i < 3; ++i) {
         _minimum[i] = _valid ? std::min(_minimum[i], point[i]) : point[i];
         _maximum[i] = _valid ? std::max(_maximum[i], point[i]) : point[i];
     }
     _valid = true;
+    return true;
 }

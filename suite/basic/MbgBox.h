@@ -15,15 +15,15 @@ public:
     /// The corners with the least and the greatest components; zero if the box is not valid.
     const MbgVector3D& getMinimum() const { return _minimum; }
     const MbgVector3D& getMaximum() const { return _maximum; }
-    /// Along each axis; zero if the box is not valid.
+    /// Along each axis; zero if the box is not valid, infinite where it is beyond the numbers.
     MbgVector3D getSize() const { return _maximum - _minimum; }
     double getDiagonalLength() const { return getSize().getLength(); }
 
     /// Whether no point of this box lies outside `other`; Z counts only with `inThreeDimensions`. False if one of the
     /// boxes is not valid.
     bool isInside(const MbgBox& other, bool inThreeDimensions) const;
-    /// Grows to hold the point. An undefined point changes nothing.
-    void extend(const MbgVector3D& point);
+    /// Grows to hold the point. One that is undefined or not finite changes nothing and gives false.
+    bool extend(const MbgVector3D& point);
 
     friend bool operator==(const MbgBox& a, const MbgBox& b) = default;
 

@@ -21,8 +21,10 @@ double MbgDegrees::atan2(double y, double x)
 
 double MbgDegrees::rounded(double degrees)
 {
-    constexpr double steps =
-        1e12; // exact, as every count of steps within a few turns is: the quotient rounds only once
+    constexpr double steps = 1e12;
+    constexpr double coarse = 9007; // below it a count of steps is exact: the quotient rounds only once
+    if (std::abs(degrees) >= coarse)
+        return degrees;
     return std::round(degrees * steps) / steps + 0.0;
 }
 
@@ -31,11 +33,11 @@ double MbgDegrees::positive(double angle, double circle)
     double rest = std::fmod(angle, circle);
     if (rest < 0)
         rest += circle;
-    return rest < circle ? rest + 0.0 : 0.0;
+    return rest >= circle ? 0.0 : rest + 0.0;
 }
 
 double MbgDegrees::centred(double angle, double circle)
 {
     const double rest = std::remainder(angle, circle);
-    return (rest > -circle / 2 ? rest : circle / 2) + 0.0;
+    return (rest <= -circle / 2 ? circle / 2 : rest) + 0.0;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <basic/BasicExport.h>
+
 #include <cmath>
 
 /// Trigonometry in degrees: exact at all multiples of a right angle, whatever the number of turns, and never a negative
-/// zero. Arguments are finite.
-class MbgDegrees
+/// zero. A NaN gives a NaN, and so does an infinite angle.
+class KESTRIN_BASIC_EXPORT MbgDegrees
 {
 public:
     static constexpr double Radian = 3.14159265358979323846 / 180; ///< one degree
@@ -15,7 +17,8 @@ public:
     static double atan2(double y, double x);
 
     /// The nearest multiple of 10^-12 degrees: that much is certain of an angle that comes out of a matrix, and it
-    /// makes 30 out of 29.999999999999996.
+    /// makes 30 out of 29.999999999999996. From 9007 degrees on, where numbers are further apart than that, the angle
+    /// as it is.
     static double rounded(double degrees);
     /// The same angle in [0, `circle`).
     static double positive(double angle, double circle = 360);

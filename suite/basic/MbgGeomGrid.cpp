@@ -25,7 +25,8 @@ MbgBox MbgGeomGrid::getBoundingBox() const
         MbgVector3D local;
         for (int i = 0; i < 3; ++i)
             local[i] = corner >> i & 1 ? _counts[i] * _cellSize[i] : 0;
-        box.extend(_origin + _rotation.localToWorld(local));
+        if (!box.extend(_origin + _rotation.localToWorld(local)))
+            return MbgBox();
     }
     return box;
 }

@@ -4,8 +4,9 @@
 #include <basic/MbgIntVector3D.h>
 #include <basic/MbgRotation.h>
 
-/// A regular grid of cells: their number and size along its axes U, V and W, where it begins, and how it is rotated. A
-/// plain value that keeps what it is given; a default one has no cells.
+/// A regular grid of cells: their number and size along its axes U, V and W, where it begins, and how it is rotated.
+/// Sizes are in the length unit of the coordinates; cells of a negative size run against their axis. A plain value that
+/// keeps what it is given; a default one has no cells.
 class KESTRIN_BASIC_EXPORT MbgGeomGrid
 {
 public:
@@ -23,8 +24,8 @@ public:
     const MbgVector3D& getOrigin() const { return _origin; }
     const MbgRotation& getRotation() const { return _rotation; }
 
-    /// The smallest box around all cells, their full extent included. It is not valid if a count is not positive or a
-    /// number is undefined.
+    /// The smallest box around all cells, their full extent included. It is not valid if a count is not positive, a
+    /// number is undefined, or a corner is not finite.
     MbgBox getBoundingBox() const;
 
     friend bool operator==(const MbgGeomGrid& a, const MbgGeomGrid& b) = default;

@@ -9,8 +9,8 @@ class MbgRotationConvention;
 /// read them. A plain value; a default one is no rotation, in the default convention. Angles stay as they are given, in
 /// value and unit, also undefined ones.
 ///
-/// X points east, Y north and Z up. The rotation brings them to U, V and W, which are the axes of the local system. An
-/// undefined angle turns by nothing.
+/// X points east, Y north and Z up, a right-handed system. The rotation brings them to U, V and W, which are the axes
+/// of the local system and right-handed too. An undefined angle turns by nothing.
 class KESTRIN_BASIC_EXPORT MbgRotation
 {
 public:
@@ -50,9 +50,10 @@ public:
     MbgVector3D localToWorld(const MbgVector3D& vector) const;
 
     /// Whether the angles are defined and nothing is rotated: full turns do not count, nor angles that make up for each
-    /// other, such as half a turn about each axis.
+    /// other, such as half a turn about each axis. Nothing is what moves no axis by `MbgAxisSequence::Tolerance` or
+    /// more.
     bool isIdentity() const;
-    /// Whether the angles are defined and W points up, as Z does.
+    /// Whether the angles are defined and W points up, as Z does, to within the same tolerance.
     bool isAroundZOnly() const;
     /// The direction of the U axis in words, the plunge only where it has one.
     QString getUDirectionName() const;

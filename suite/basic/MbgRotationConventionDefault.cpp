@@ -42,7 +42,7 @@ double azimuthOf(const MbgVector3D& vector)
 /// The turn about Z that brings X to the azimuth.
 double turnOfAzimuth(double azimuth)
 {
-    return MbgDegrees::centred(90 - azimuth);
+    return MbgDegrees::centred(90 - std::fmod(azimuth, 360));
 }
 
 /// The azimuth, in [0, 360), of which `turnOfAzimuth` makes the turn, and of several the one with the fewest decimals:
@@ -66,6 +66,12 @@ MbgVector3D vectorOf(const Direction& direction)
     const double cosine = MbgDegrees::cos(direction.plunge);
     return {MbgDegrees::sin(direction.azimuth) * cosine, MbgDegrees::cos(direction.azimuth) * cosine,
             -MbgDegrees::sin(direction.plunge)};
+}
+
+/// The horizontal unit vector that has the way down, of the azimuth, to its right.
+MbgVector3D strikeOf(double azimuth)
+{
+    return {-MbgDegrees::cos(azimuth), MbgDegrees::sin(azimuth), 0};
 }
 
 /// Turns about Z, Y and X, the second being a plunge of no more than a right angle, say themselves where U points.
@@ -150,10 +156,11 @@ void MbgRotationConventionDefault::rotationToPlaneOrientation(const MbgRotation&
     const MbgVector3D w = rotation.getAxisZ();
     const double horizontal = horizontalLength(w);
     const auto turns = turnsOf(rotation);
-    if (horizontal <= Tolerance || (areDirection(rotation, turns) && turns[1] >= 0 && turns[2] == 0)) {
-        const Direction steepest = directionOf(rotation, 0);
-        dip = degrees(horizontal <= Tolerance ? 0 : steepest.plunge);
-        dipAzimuth = degrees(steepest.azimuth);
+    const bool pointsDown = areDirection(rotation, turns) && turns[1] >= 0 && turns[2] == 0;
+    if (pointsDown || horizontal <= Tolerance) {
+        const Direction ofU = directionOf(rotation, 0);
+        dip = degrees(pointsDown ? ofU.plunge : 0);
+        dipAzimuth = degrees(ofU.azimuth);
         return;
     }
     // The pole that points up leans to where the plane goes down.
@@ -192,7 +199,7 @@ void MbgRotationConventionDefault::rotationToSystemOrientation(const MbgRotation
     const bool flat = horizontal <= Tolerance;
     const Direction steepest = {flat ? 90 : azimuthOf(w),
                                 flat ? (w.z() > 0 ? 0.0 : 180.0) : MbgDegrees::atan2(horizontal, w.z())};
-    const MbgVector3D strike = vectorOf({steepest.azimuth - 90, 0});
+    const MbgVector3D strike = strikeOf(steepest.azimuth);
     dip = degrees(steepest.plunge);
     dipAzimuth = degrees(steepest.azimuth);
     pitch = degrees(MbgDegrees::positive(MbgDegrees::atan2(u.dot(vectorOf(steepest)), u.dot(strike))));
@@ -205,7 +212,7 @@ MbgRotation MbgRotationConventionDefault::systemOrientationToRotation(const MbgA
         return undefinedRotation();
     const Direction steepest = {dipAzimuth.getDegreeValue(), dip.getDegreeValue()};
     const MbgVector3D down = vectorOf(steepest);
-    const MbgVector3D strike = vectorOf({steepest.azimuth - 90, 0});
+    const MbgVector3D strike = strikeOf(steepest.azimuth);
     const MbgVector3D normal = down.cross(strike);
     const MbgVector3D u =
         strike * MbgDegrees::cos(pitch.getDegreeValue()) + down * MbgDegrees::sin(pitch.getDegreeValue());

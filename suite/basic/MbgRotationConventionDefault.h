@@ -14,7 +14,8 @@
 /// Introduction to Geometrical Techniques", 4th edition, Cambridge University Press (2009), on the attitudes of planes
 /// and lines.
 ///
-/// Azimuths and pitches come out in [0, 360), and a rotation that is made here is in the default convention. Found
+/// Angles of any size go in, and full turns of them do not count. Azimuths and pitches come out in [0, 360), all angles
+/// as numbers of degrees, and a rotation that is made here is in the default convention. Found
 /// angles are rounded to 10^-12 degrees where they come out of a matrix. A rotation with an undefined angle gives
 /// undefined angles, and an undefined angle a rotation of three undefined angles.
 class KESTRIN_BASIC_EXPORT MbgRotationConventionDefault

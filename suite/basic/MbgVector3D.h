@@ -4,8 +4,8 @@
 
 #include <cmath>
 
-/// A point or a vector of space. A default one is zero. Arithmetic takes the components as they stand, undefined
-/// markers included.
+/// A point or a vector of space, in a right-handed system of axes. A default one is zero. Arithmetic takes the
+/// components as they stand, undefined markers included.
 class KESTRIN_BASIC_EXPORT MbgVector3D : public MbgAVector<double, 3>
 {
 public:
@@ -23,8 +23,10 @@ public:
         return {y() * other.z() - z() * other.y(), z() * other.x() - x() * other.z(),
                 x() * other.y() - y() * other.x()};
     }
-    double getLength() const { return std::hypot(x(), y(), z()); }
-    /// Scales the vector to length 1. A zero vector stays, and so does one without a finite length.
+    /// Infinite where it is beyond the numbers.
+    double getLength() const { return std::hypot(std::hypot(x(), y()), z()); }
+    /// Scales the vector to length 1, however long or short it is. A zero vector stays, and so does one with a
+    /// component that is infinite or a NaN.
     void normalize();
 
     friend constexpr MbgVector3D operator+(const MbgVector3D& a, const MbgVector3D& b)

@@ -29,13 +29,15 @@ double elementOf(double number)
     return std::isfinite(number) && number != MbbGlobal::D_FFFF ? number : 0.0;
 }
 
-/// The list with one entry per element.
+/// The bounds with one entry per element; what is no number is no bound.
 QList<double> filledUp(const QList<double>& bounds, int count)
 {
-    QList<double> result = bounds.mid(0, count);
+    QList<double> result;
     result.reserve(count);
-    while (result.size() < count)
-        result.append(MbbGlobal::D_FFFF);
+    for (int element = 0; element < count; ++element) {
+        const double bound = bounds.value(element, MbbGlobal::D_FFFF);
+        result.append(std::isfinite(bound) ? bound : MbbGlobal::D_FFFF);
+    }
     return result;
 }
 

@@ -13,9 +13,9 @@
 /// shared value.
 ///
 /// Lists by element run through the upper triangle row by row: (0,0), (0,1), ... (0,n-1), (1,1), and so on; the
-/// undefined marker stands for a bound that is missing. Elements are finite: a NaN, an infinity and the undefined
-/// marker are stored as 0. A size outside 0 to `MaxSize`, a matrix that is not square and an element outside are an
-/// `MbeProgrammingError` and leave the value as it was.
+/// undefined marker stands for a bound that is missing, and is stored for an infinity or a NaN. Elements are finite: a
+/// NaN, an infinity and the undefined marker are stored as 0. A size outside 0 to `MaxSize`, a matrix that is not
+/// square and an element outside are an `MbeProgrammingError` and leave the value as it was.
 class KESTRIN_UTIL_EXPORT KuuMatrixSymmetrical
 {
 public:

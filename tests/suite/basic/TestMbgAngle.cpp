@@ -95,6 +95,15 @@ TEST(MbgAngle, IsUndefinedWithoutAFiniteNumberOfDegrees)
     EXPECT_TRUE(degrees(1.7e308).isDefined());
 }
 
+TEST(MbgAngle, HoldsTheMarkerForWhatIsNotFinite)
+{
+    for (const MbgAngle& angle : {degrees(NaN), degrees(-Infinity), radians(NaN), radians(1.7e308), grades(Infinity)}) {
+        EXPECT_EQ(angle.getDegreeValue(), MbbGlobal::D_FFFF);
+        EXPECT_EQ(angle.getRadianValue(), MbbGlobal::D_FFFF);
+        EXPECT_EQ(angle, degrees(NaN));
+    }
+}
+
 TEST(MbgAngle, ComparesByItsDegrees)
 {
     EXPECT_EQ(degrees(180), radians(std::numbers::pi));

@@ -119,6 +119,26 @@ TEST(MbgAxisSequence, IsExactAtRightAnglesWhateverTheTurns)
     }
 }
 
+TEST(MbgAxisSequence, LeavesOutFullTurnsHoweverManyTheyAre)
+{
+    constexpr double turns = 1e15 * 360;
+    for (const char* text : {"+Z+Y+X", "90-Z+Y+X", "270+X180-Y90+X"})
+        EXPECT_EQ(sequence(text).toAxes({turns, -turns, turns}), sequence(text).toAxes({0, 0, 0})) << text;
+    EXPECT_EQ(sequence("90-Z+Y+X").turnsOf({turns, 400, -30}), (MbgAxisSequence::Angles{90, 40, -30}));
+}
+
+TEST(MbgAxisSequence, MakesRightHandedUnitVectors)
+{
+    for (const QString& text : allSequences()) {
+        for (int i = 0; i < 9 * 9 * 9; ++i) {
+            const auto [u, v, w] = sequence(text).toAxes({i / 81 * 43.0, i / 9 % 9 * 43.0, i % 9 * 43.0});
+            ASSERT_LE(distance(u.cross(v), w), 1e-15) << text.toStdString();
+            ASSERT_NEAR(u.getLength(), 1, 1e-15) << text.toStdString();
+            ASSERT_NEAR(u.dot(v), 0, 1e-15) << text.toStdString();
+        }
+    }
+}
+
 TEST(MbgAxisSequence, FindsAnglesForEveryOrientationInEverySequence)
 {
     for (const QString& text : allSequences()) {

@@ -76,6 +76,24 @@ TEST(MbgBox, GrowsToHoldAPoint)
     EXPECT_EQ(box, MbgBox({1, 2, 3}, {1, 2, 3}));
     box.extend({0, 5, 3});
     EXPECT_EQ(box, MbgBox({0, 2, 3}, {1, 5, 3}));
-    box.extend({MbbGlobal::D_FFFF, 5, 3});
-    EXPECT_EQ(box, MbgBox({0, 2, 3}, {1, 5, 3}));
+}
+
+TEST(MbgBox, DoesNotGrowToWhatIsNoPoint)
+{
+    MbgBox box({1, 2, 3}, {1, 2, 3});
+    EXPECT_TRUE(box.extend({0, 5, 3}));
+    for (const double value :
+         {MbbGlobal::D_FFFF, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
+    {
+        EXPECT_FALSE(box.extend({value, 5, 3}));
+        EXPECT_EQ(box, MbgBox({0, 2, 3}, {1, 5, 3}));
+    }
+}
+
+TEST(MbgBox, HasAnInfiniteSizeBeyondTheNumbers)
+{
+    const MbgBox box({-1.5e308, 0, 0}, {1.5e308, 2, 0});
+    EXPECT_TRUE(box.isValid());
+    EXPECT_EQ(box.getSize(), MbgVector3D(std::numeric_limits<double>::infinity(), 2, 0));
+    EXPECT_EQ(box.getDiagonalLength(), std::numeric_limits<double>::infinity());
 }

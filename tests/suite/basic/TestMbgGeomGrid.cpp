@@ -2,6 +2,8 @@
 
 #include <basic/MbgGeomGrid.h>
 
+#include <limits>
+
 using Geometry::rotation;
 
 TEST(MbgGeomGrid, HasNoCellsByDefault)
@@ -53,4 +55,16 @@ TEST(MbgGeomGrid, HasNoBoxWithoutCellsOrNumbers)
     EXPECT_FALSE(MbgGeomGrid(5, 5, {MbbGlobal::D_FFFF, 1, 1}, {0, 0, 0}, MbgRotation()).getBoundingBox().isValid());
     EXPECT_FALSE(MbgGeomGrid(5, 5, {1, 1, 1}, {0, 0, MbbGlobal::D_FFFF}, MbgRotation()).getBoundingBox().isValid());
     EXPECT_FALSE(MbgGeomGrid(5, 5, {1, 1, 1}, {0, 0, 0}, rotation(MbbGlobal::D_FFFF, 0, 0)).getBoundingBox().isValid());
+    EXPECT_FALSE(MbgGeomGrid(5, MbbGlobal::I32_FFFF, {1, 1, 1}, {0, 0, 0}, MbgRotation()).getBoundingBox().isValid());
+}
+
+TEST(MbgGeomGrid, HasNoBoxThatLeavesCornersOut)
+{
+    const double values[] = {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(), 1e308};
+    for (const double value : values) {
+        for (const MbgRotation& turned : {MbgRotation(), rotation(30, 20, 10)}) {
+            EXPECT_FALSE(MbgGeomGrid(5, 2000000000, {1, value, 1}, {0, 0, 0}, turned).getBoundingBox().isValid());
+            EXPECT_FALSE(MbgGeomGrid(5, 5, {1, 1, 1}, {value * 10, 0, 0}, turned).getBoundingBox().isValid());
+        }
+    }
 }

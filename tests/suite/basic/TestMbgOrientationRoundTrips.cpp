@@ -120,6 +120,35 @@ TEST(OrientationRoundTrips, GivePlanesBackToTheLastDigit)
     }
 }
 
+TEST(OrientationRoundTrips, GivePlanesBackThatAreNearlyHorizontal)
+{
+    for (double dip = 1; dip > 1e-300; dip /= 1024) {
+        const Angles found = plane(Default::planeOrientationToRotation(degrees(dip), degrees(77)));
+        EXPECT_EQ(found.first.getDegreeValue(), dip);
+        EXPECT_EQ(found.second.getDegreeValue(), 77) << dip;
+    }
+}
+
+TEST(OrientationRoundTrips, LeaveTheAxisWhereItIsNearTheEndsOfTheRange)
+{
+    for (double offset = 1; offset > 1e-17; offset /= 3) {
+        for (int azimuth = 0; azimuth < 360; azimuth += 7) {
+            for (const double end : {-90.0, 0.0, 90.0}) {
+                for (const double plunge : {end + offset, end - offset}) {
+                    const MbgRotation rotation =
+                        inEulersAngles(Default::directionToRotation(degrees(azimuth), degrees(plunge)));
+                    const Angles line = direction(rotation);
+                    const Angles surface = plane(rotation);
+                    const MbgVector3D u = Default::directionToRotation(line.first, line.second).getAxisX();
+                    const MbgVector3D w = Default::planeOrientationToRotation(surface.first, surface.second).getAxisZ();
+                    ASSERT_LE(distance(u, rotation.getAxisX()), 1e-12) << plunge << ' ' << azimuth;
+                    ASSERT_LE(w.cross(rotation.getAxisZ()).getLength(), 1e-12) << plunge << ' ' << azimuth;
+                }
+            }
+        }
+    }
+}
+
 TEST(OrientationRoundTrips, GivePlanesBackFromAnyConvention)
 {
     for (int dipAzimuth = 0; dipAzimuth < 360; dipAzimuth += 3) {
@@ -205,6 +234,25 @@ TEST(OrientationRoundTrips, MoveUNoFurtherThanTheDirectionMoves)
                 return Default::directionToRotation(degrees(azimuth), degrees(plunge)).getAxes();
             };
             ASSERT_LE(distance(at(azimuth, plunge), at(azimuth, plunge + step)), bound);
+        }
+    }
+}
+
+TEST(OrientationRoundTrips, MoveASystemNoFurtherThanItsAnglesMove)
+{
+    const double step = 0.5;
+    const double bound = step * 3.15 / 180;
+    const auto at = [](double dip, double dipAzimuth, double pitch) {
+        return systemRotation({degrees(dip), degrees(dipAzimuth), degrees(pitch)}).getAxes();
+    };
+    for (double dip = -1; dip < 181; dip += step) {
+        for (int dipAzimuth = 0; dipAzimuth < 360; dipAzimuth += 15) {
+            for (int pitch = 0; pitch < 360; pitch += 15) {
+                const auto here = at(dip, dipAzimuth, pitch);
+                ASSERT_LE(distance(here, at(dip + step, dipAzimuth, pitch)), bound) << dip;
+                ASSERT_LE(distance(here, at(dip, dipAzimuth + step, pitch)), bound) << dip;
+                ASSERT_LE(distance(here, at(dip, dipAzimuth, pitch + step)), bound) << dip;
+            }
         }
     }
 }

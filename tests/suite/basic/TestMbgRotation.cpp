@@ -202,6 +202,18 @@ TEST(MbgRotation, ComesFromItsAxes)
     EXPECT_EQ(MbgRotation::fromAxes(rotation(10, 20, 30).getAxes()), rotation(10, 20, 30));
 }
 
+TEST(MbgRotation, IsUndefinedIfItComesFromAxesThatAreNone)
+{
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_FALSE(MbgRotation::fromAxes({{{none, none, none}, {none, none, none}, {none, none, none}}}).isDefined());
+}
+
+TEST(MbgRotation, EqualsItselfWhateverItsAngles)
+{
+    for (const double value : {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(rotation(value, 1, 2), rotation(value, 1, 2));
+}
+
 TEST(MbgRotation, NamesTheDirectionOfU)
 {
     EXPECT_EQ(MbgRotation().getUDirectionName(), "Azimuth=90°");

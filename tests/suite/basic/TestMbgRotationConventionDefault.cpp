@@ -229,6 +229,32 @@ TEST(MbgRotationConventionDefault, GivesTheDirectionOfUWithASystemToWhoAsks)
     Default::rotationToSystemOrientation(rotation(60, 20, 10), dip, dipAzimuth, pitch, nullptr, nullptr);
 }
 
+TEST(MbgRotationConventionDefault, LeavesOutFullTurnsHoweverManyTheyAre)
+{
+    constexpr double turns = 1e15 * 360;
+    EXPECT_EQ(direction(rotation(turns, 0, 0)), (Direction{90, 0}));
+    EXPECT_EQ(direction(rotation(-turns, 20 + 720, 0, 1)), (Direction{0, 20}));
+    EXPECT_EQ(Default::directionToRotation(degrees(turns), degrees(20)), rotation(90, 20, 0));
+    EXPECT_EQ(Default::planeOrientationToRotation(degrees(20), degrees(-turns)), rotation(90, 20, 0));
+    EXPECT_EQ(Default::systemOrientationToRotation(degrees(turns), degrees(turns), degrees(turns)),
+              Default::systemOrientationToRotation(degrees(0), degrees(0), degrees(0)));
+}
+
+TEST(MbgRotationConventionDefault, AgreesWithTheAxesForHugeAngles)
+{
+    for (const double angle : {1e17, -1e17, 1e300, -1.7e308}) {
+        for (const int convention : {0, 1}) {
+            const MbgRotation huge = rotation(angle, 0, 0, convention);
+            MbgAngle azimuth;
+            Default::rotationToDirection2d(huge, MbgEAxisType::AXIS_U, azimuth);
+            expectNear(Default::directionToRotation(azimuth, degrees(0)).getAxisX(), huge.getAxisX(), 1e-13);
+        }
+        const auto axes = Default::systemOrientationToRotation(degrees(30), degrees(angle), degrees(40)).getAxes();
+        expectNear(axes[0].cross(axes[1]), axes[2], 1e-15);
+        expectNear(axes[2], Default::planeOrientationToRotation(degrees(30), degrees(angle)).getAxisZ(), 1e-13);
+    }
+}
+
 TEST(MbgRotationConventionDefault, PassesOnWhatIsUndefined)
 {
     EXPECT_EQ(direction(rotation(0, Undefined, 0)), (Direction{Undefined, Undefined}));

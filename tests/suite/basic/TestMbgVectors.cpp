@@ -58,6 +58,9 @@ TEST(MbgVector3D, Calculates)
     EXPECT_EQ(a.dot(b), 40);
     EXPECT_EQ(MbgVector3D(1, 0, 0).cross(MbgVector3D(0, 1, 0)), MbgVector3D(0, 0, 1));
     EXPECT_EQ(MbgVector3D(2, 3, 6).getLength(), 7);
+    EXPECT_EQ(MbgVector3D(0x2p1000, 0x3p1000, 0x6p1000).getLength(), 0x7p1000);
+    EXPECT_EQ(MbgVector3D(1, -std::numeric_limits<double>::infinity(), 0).getLength(),
+              std::numeric_limits<double>::infinity());
 }
 
 TEST(MbgVector3D, NormalizesToLengthOne)
@@ -65,6 +68,21 @@ TEST(MbgVector3D, NormalizesToLengthOne)
     MbgVector3D vector(0, 3, 4);
     vector.normalize();
     EXPECT_EQ(vector, MbgVector3D(0, 0.6, 0.8));
+}
+
+TEST(MbgVector3D, NormalizesHoweverLongOrShortItIs)
+{
+    const double smallest = std::numeric_limits<double>::denorm_min();
+    for (const double length : {smallest, 1e-300, 1e300, 4e307}) {
+        MbgVector3D vector(0, 3 * length, -4 * length);
+        vector.normalize();
+        EXPECT_NEAR(vector.y(), 0.6, 2e-16) << length;
+        EXPECT_NEAR(vector.z(), -0.8, 2e-16) << length;
+    }
+    MbgVector3D vector(1.7e308, 1.7e308, 1.7e308);
+    vector.normalize();
+    EXPECT_NEAR(vector.x(), 0.57735026918962576, 1e-15);
+    EXPECT_EQ(vector, MbgVector3D(vector.x(), vector.x(), vector.x()));
 }
 
 TEST(MbgVector3D, StaysWhereItCannotBeNormalized)
@@ -76,6 +94,10 @@ TEST(MbgVector3D, StaysWhereItCannotBeNormalized)
     MbgVector3D endless(infinity, 1, 0);
     endless.normalize();
     EXPECT_EQ(endless, MbgVector3D(infinity, 1, 0));
+    MbgVector3D none(3, std::numeric_limits<double>::quiet_NaN(), 4);
+    none.normalize();
+    EXPECT_EQ(none.x(), 3);
+    EXPECT_EQ(none.z(), 4);
 }
 
 TEST(MbgIntVector3D, HoldsThreeIntegers)

@@ -224,6 +224,61 @@ TEST(MgmPositiveDefinite, KeepsToTheBoundsWhereverADefiniteMatrixDoes)
     }
 }
 
+TEST(MgmPositiveDefinite, KeepsToBoundsThatLeaveLittleRoom)
+{
+    std::mt19937 generator(6);
+    std::normal_distribution<double> normal;
+    std::uniform_real_distribution<double> part(0.0, 1.0);
+    std::bernoulli_distribution limited(0.5);
+    for (int round = 0; round < 300; ++round) {
+        // Variables that hang together entirely, with room for a tenth more on the diagonal.
+        const int size = 2 + round % 5;
+        const Eigen::VectorXd vector = Eigen::VectorXd::NullaryExpr(size, [&] { return normal(generator); });
+        const Eigen::MatrixXd inside = vector * vector.transpose();
+        MgmMatrixBounds limits(size);
+        for (int row = 0; row < size; ++row) {
+            limits.tighten(row, row, inside(row, row) - part(generator), inside(row, row) + 0.1);
+            for (int column = row + 1; column < size; ++column)
+                limits.tighten(row, column, limited(generator) ? inside(row, column) - 0.1 : none,
+                               limited(generator) ? inside(row, column) + 0.1 : none);
+        }
+        const MgmMatrix result =
+            MgmPositiveDefinite::nearest(fromEigen(10.0 * randomSymmetric(size, generator)), limits);
+        EXPECT_TRUE(isWithin(result, limits)) << round;
+        EXPECT_TRUE(MgmPositiveDefinite::isPositiveDefinite(result)) << round;
+    }
+}
+
+TEST(MgmPositiveDefinite, KeepsToTheBoundsHoweverFarTheMatrixLies)
+{
+    // The largest covariance of variances 1 and 4 is 2.
+    MgmMatrixBounds limits(2);
+    limits.tighten(0, 0, none, 1);
+    limits.tighten(1, 1, none, 4);
+    for (const double scale : {1e2, 1e10, 1e16, 1e30, 1e150, 1e300}) {
+        const MgmMatrix result = MgmPositiveDefinite::nearest(symmetric(2, {scale, 3 * scale, scale}), limits);
+        expectNear(result, symmetric(2, {1, 2, 4}), 1e-6);
+        EXPECT_TRUE(isWithin(result, limits)) << scale;
+        EXPECT_EQ(MgmPositiveDefinite::nearest(result, limits), result) << scale;
+    }
+}
+
+TEST(MgmPositiveDefinite, KeepsSmallBoundsOfALargeMatrix)
+{
+    for (const double small : {1e-20, 1e-100, 1e-200, 1e-290}) {
+        for (const double large : {1e9, 1e150, 1e300}) {
+            MgmMatrixBounds limits(2);
+            limits.tighten(0, 0, small, 3 * small);
+            limits.tighten(0, 1, none, -small);
+            limits.tighten(1, 1, none, 4 * small);
+            const MgmMatrix result = MgmPositiveDefinite::nearest(symmetric(2, {-large, -large, -large}), limits);
+            EXPECT_TRUE(isWithin(result, limits)) << small << ' ' << large;
+            EXPECT_TRUE(MgmPositiveDefinite::isPositiveDefinite(result)) << small << ' ' << large;
+            EXPECT_EQ(MgmPositiveDefinite::nearest(result, limits), result) << small << ' ' << large;
+        }
+    }
+}
+
 TEST(MgmPositiveDefinite, ExtendsBoundsThatNoDefiniteMatrixKeepsTo)
 {
     expectNear(MgmPositiveDefinite::nearest(symmetric(1, {5}), bounds(1, -3, -2, none, none)), symmetric(1, {0}), 0.0);

@@ -104,6 +104,16 @@ TEST(KuuMatrixSymmetrical, KeepsOneBoundPerElement)
     EXPECT_EQ(matrix.getMaximums(), QList<double>({1, 2, 3}));
 }
 
+TEST(KuuMatrixSymmetrical, KeepsNoBoundThatIsNoNumber)
+{
+    const double infinity = std::numeric_limits<double>::infinity();
+    const KuuMatrixSymmetrical matrix =
+        constrained(2, {1, 2, 3}, {std::nan(""), -infinity, 1}, {infinity, std::nan(""), none}, Bounded);
+    EXPECT_EQ(matrix.getMinimums(), QList<double>({none, none, 1}));
+    EXPECT_EQ(matrix.getMaximums(), QList<double>({none, none, none}));
+    EXPECT_EQ(matrix, KuuMatrixSymmetrical(matrix));
+}
+
 TEST(KuuMatrixSymmetrical, RefusesAMatrixThatItCannotHoldAndStaysAsItIs)
 {
     KuuMatrixSymmetrical matrix = plain(2, {1, 2, 3});
