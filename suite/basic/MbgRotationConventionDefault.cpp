@@ -54,6 +54,15 @@ double azimuthOfTurn(double turn)
     return turnOfAzimuth(rounded) == MbgDegrees::centred(turn) ? rounded : azimuth;
 }
 
+/// The azimuth of a unit vector of that horizontal length, rounded to what is certain of it where angles brought it
+/// there: the shorter the length, the less.
+double certainAzimuth(double azimuth, double horizontal)
+{
+    const double uncertain = 2e-12 / horizontal;
+    const double step = std::pow(10.0, std::ceil(std::log10(uncertain)));
+    return MbgDegrees::positive(MbgDegrees::rounded(std::round(azimuth / step) * step));
+}
+
 struct Direction
 {
     double azimuth;
@@ -197,7 +206,7 @@ void MbgRotationConventionDefault::rotationToSystemOrientation(const MbgRotation
     const auto [u, v, w] = rotation.getAxes();
     const double horizontal = horizontalLength(w);
     const bool flat = horizontal <= Tolerance;
-    const Direction steepest = {flat ? 90 : azimuthOf(w),
+    const Direction steepest = {flat ? 90 : certainAzimuth(azimuthOf(w), horizontal),
                                 flat ? (w.z() > 0 ? 0.0 : 180.0) : MbgDegrees::atan2(horizontal, w.z())};
     const MbgVector3D strike = strikeOf(steepest.azimuth);
     dip = degrees(steepest.plunge);

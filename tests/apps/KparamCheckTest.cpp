@@ -66,6 +66,127 @@ TEST_F(KparamCheck, DoesNotMindValuesThatAreSpelledInOtherWords)
     EXPECT_TRUE(check.out.contains("0 finding(s)")) << check.out.toStdString();
 }
 
+/// The only finding about an element of a class alone, or nothing.
+struct ElementCase
+{
+    const char* className;
+    QByteArray content;
+    QString finding;
+};
+
+TEST_F(KparamCheck, TellsWhatValuesOfSeveralEntriesDoNotTakeOver)
+{
+    const ElementCase cases[] = {
+        {"KpaVectorDouble", "<v1>1</v1><v2>x</v2><v3>3</v3>",
+         "repaired: v1 '1', v2 'x', v3 '3' became v1 '1', v2 '0', v3 '3'"},
+        {"KpaVectorDouble", "<v1>1</v1><v3>3</v3>", "refused: v1 '1', v3 '3'; v1 '0', v2 '0', v3 '0' stands"},
+        {"KpaVectorDouble", "<v1>1e1</v1><v2>02</v2><v3>3.0</v3>", ""},
+        {"KpaVectorDouble", "", "refused: ''; v1 '0', v2 '0', v3 '0' stands"},
+        {"KpaVectorDouble", "5", "refused: '5'; v1 '0', v2 '0', v3 '0' stands"},
+        {"KpaVectorInt", "<v1>1</v1><v2>2</v2><v3>3</v3><v4>4</v4>", "unknown: entry 'v4'"},
+        {"KpaMatrixSymmetrical", "<size>300</size>", "refused: '300'; size '1', node_1 '0' stands"},
+        {"KpaMatrixSymmetrical", "<size>1</size><node_1>x</node_1>",
+         "refused: size '1', node_1 'x'; size '1', node_1 '0' stands"},
+        {"KpaMatrixSymmetrical", "<size>1</size><node_1>1.50</node_1>", ""},
+        {"KpaColor", "<red>1</red><green>2</green><blue>300</blue><opacity>255</opacity>",
+         "repaired: red '1', green '2', blue '300', opacity '255' became red '1', green '2', blue '255', opacity "
+         "'255'"},
+        {"KpaColor", "<red>1</red><green>2</green><blue>3</blue>", ""},
+        {"KpaPalette", "<id>PINK</id>", "refused: 'PINK'; 'RAINBOW' stands"},
+        {"KpaLineStyle", "<pen>DASH</pen><color>red</color><width>2</width>", ""},
+        {"KpaLineStyle", "<pen>WAVE</pen><color>#ff000000</color><width>1</width>",
+         "refused: pen 'WAVE', color '#ff000000', width '1'; pen 'SOLID', color '#ff000000', width '1', border 'no', "
+         "borderColor '#ff000000', borderWidth '1' stands"},
+        {"KpaCatalogDefinition_old",
+         "<id>r</id><name>Rock%20types</name><undefRgba>1</undefRgba><enum5>7|Fresh%20rock|2</enum5>", ""},
+        {"KpaCatalogDefinition_old", "<id>r</id><name>R</name><undefRgba>1</undefRgba><enum1>x|Oxide|2</enum1>",
+         "repaired: id 'r', name 'R', undefRgba '1', enum1 'x|Oxide|2' became id 'r', name 'R', undefRgba '1'"},
+        {"KpaCoordSystem", "local", "refused: 'local'; '' stands"},
+        {"KpaCoordSystem", "epsg:2154", ""},
+    };
+    for (const ElementCase& one : cases) {
+        file("e.xml", "<param key=\"E\">" + one.content + "</param>");
+        const QString out = run({"check", "--as", one.className, "e.xml"}).out;
+        const QString line = out.section('\n', 0, 0).section(": ", 2);
+        const bool found = out.contains(", 1 finding(s)\n");
+        EXPECT_EQ(found ? line : QString(), one.finding) << out.toStdString();
+        EXPECT_EQ(out.contains(", 0 finding(s)\n"), one.finding.isEmpty()) << out.toStdString();
+    }
+}
+
+TEST_F(KparamCheck, ReadsEachFormInWhichRotationsHaveBeenStored)
+{
+    const ElementCase cases[] = {
+        {"KpaRotation", "<az>30</az><ay>20</ay><ax>10</ax>", ""},
+        {"KpaRotation", "<az>30</az><ay>20</ay><ax>x</ax>",
+         "repaired: az '30', ay '20', ax 'x' became conv_id '0', conv_string '+Z+Y+X', a1 '30', a2 '20', a3 ''"},
+        {"KpaRotation", "<az>30</az><ay>20</ay>",
+         "refused: az '30', ay '20'; conv_id '0', conv_string '+Z+Y+X', a1 '0', a2 '0', a3 '0' stands"},
+        {"KpaRotation", "<conv_id>0</conv_id><conv_string>+Z+Y+X</conv_string><a1>1e1</a1><a2>0</a2><a3>0</a3>", ""},
+        {"KpaRotation", "<a1>10</a1><a2>x</a2><a3>0</a3>",
+         "refused: a1 '10', a2 'x', a3 '0'; conv_id '0', conv_string '+Z+Y+X', a1 '0', a2 '0', a3 '0' stands"},
+        {"KpaRotation", "<a1>10</a1><a2>0</a2><a3>0</a3><az>5</az>", "unknown: entry 'az'"},
+        {"KpaDirection", "<conv_id>0</conv_id><conv_string>+Z+Y+X</conv_string><a1>60</a1><a2>0</a2><a3>0</a3>", ""},
+        {"KpaDirection", "<azimuth>400</azimuth><plunge>0</plunge>", ""},
+        {"KpaDirection", "<azimuth>40</azimuth><plunge>0</plunge><a1>60</a1>", "unknown: entry 'a1'"},
+        {"KpaDirection", "<azimuth></azimuth><plunge>0</plunge>",
+         "refused: azimuth '', plunge '0'; azimuth '90', plunge '0' stands"},
+        {"KpaPlaneOrientation", "<az>30</az><ay>20</ay><ax>0</ax>", ""},
+        {"KpaSystemOrientation", "<dip>30</dip><dipAzimuth>120</dipAzimuth><pitch>12.3456789</pitch>", ""},
+    };
+    for (const ElementCase& one : cases) {
+        file("e.xml", "<param key=\"E\">" + one.content + "</param>");
+        const QString out = run({"check", "--as", one.className, "e.xml"}).out;
+        const bool found = out.contains(", 1 finding(s)\n");
+        EXPECT_EQ(found ? out.section('\n', 0, 0).section(": ", 2) : QString(), one.finding) << out.toStdString();
+        EXPECT_EQ(out.contains(", 0 finding(s)\n"), one.finding.isEmpty()) << out.toStdString();
+    }
+}
+
+TEST_F(KparamCheck, TellsWhatListsDoNotTakeOver)
+{
+    const FindingCase cases[] = {
+        {"<param key=\"CUTOFFS\"><param key=\"ITEM_1\">5</param><param key=\"ITEM_2\">5.0</param></param>",
+         "2:51: CUTOFFS/ITEM_2: repeated: an earlier item has the same value"},
+        {"<param key=\"CUTOFFS\"><param key=\"ITEM_7\">500</param></param>",
+         "2:22: CUTOFFS/ITEM_7: repaired: '500' became '100'"},
+        {"<param key=\"CUTOFFS\"><param key=\"ITEM_7\">x</param></param>",
+         "2:22: CUTOFFS/ITEM_7: refused: 'x'; '0' stands"},
+        {"<param key=\"CUTOFFS\">5</param>", "2:1: CUTOFFS: unknown: a text that nothing reads"},
+        {"<param key=\"CUTOFFS\"><value>5</value></param>", "2:22: CUTOFFS: unknown: entry 'value'"},
+        {"<param key=\"CUTOFFS\"><param key=\"ITEM_7\" version=\"2\">x</param></param>",
+         "2:22: CUTOFFS/ITEM_7: refused: 'x'; '0' stands"},
+        {"<param key=\"DOMAINS\"><param key=\"ITEM_7\" version=\"2\">x</param></param>",
+         "2:22: DOMAINS/ITEM_7: too new: version 2; the newest that is known is 1"},
+        {"<param key=\"DOMAINS\"><param>Ore</param></param>",
+         "2:22: DOMAINS/PROTOTYPE: repaired: key '' became 'PROTOTYPE'"},
+        {"<param key=\"DRILL_HOLES\"><param key=\"ITEM_1\"><param key=\"COLOUR\"/></param></param>",
+         "2:46: DRILL_HOLES/ITEM_1/COLOUR: unknown: there is no such parameter"},
+        {"<param key=\"DRILL_HOLES\"><param key=\"ITEM_1\"><param "
+         "key=\"COURSE\"><azimuth>x</azimuth></param></param></param>",
+         "2:46: DRILL_HOLES/ITEM_1/COURSE: refused: 'x'; azimuth '90', plunge '0' stands"},
+    };
+    for (const FindingCase& one : cases) {
+        file("form.xml", "<task id=\"DemoModel\">\n" + one.content + "</task>");
+        const KparamRun check = run({"check", "--as", "DemoModel", "form.xml"});
+        EXPECT_EQ(check.code, 1) << one.content.toStdString();
+        EXPECT_EQ(check.out.section('\n', 0, 0), "form.xml:" + one.finding) << check.out.toStdString();
+        EXPECT_TRUE(check.out.contains(", 1 finding(s)\n")) << check.out.toStdString();
+    }
+}
+
+TEST_F(KparamCheck, TellsTheAbsentPartsOfItemsAndNoAbsentItems)
+{
+    file("form.xml",
+         "<task id=\"DemoModel\"><param key=\"DOMAINS\"/><param key=\"DRILL_HOLES\">"
+         "<param key=\"ITEM_1\"><param key=\"COLLAR\"><v1>1</v1><v2>2</v2><v3>3</v3></param></param></param>"
+         "</task>");
+    const QJsonObject check = run({"check", "--as", "DemoModel", "form.xml", "--json"}).json();
+    EXPECT_EQ(check.value("absent").toArray(), (QJsonArray{"NAME", "GRID", "STRUCTURE", "CUTOFFS", "DOMAIN_COLORS",
+                                                           "SCREEN", "PRINT", "DRILL_HOLES/ITEM_1/COURSE"}));
+    EXPECT_EQ(check.value("findings").toArray(), QJsonArray());
+}
+
 TEST_F(KparamCheck, TellsTheTaskThatAFormIsOf)
 {
     file("form.xml", "<task id=\"Other\" version=\"3\"/>");
@@ -121,6 +242,12 @@ TEST_F(KparamCheck, ReadsEachStoredSampleAsItsNameSays)
         EXPECT_EQ(check.code, code) << name;
         EXPECT_TRUE((check.out + check.err).contains(text)) << (check.out + check.err).toStdString();
     }
+}
+
+TEST_F(KparamCheck, ReadsTheSampleOfOlderRotationsWithoutAFinding)
+{
+    const KparamRun check = run({"check", "--as", "DemoModel", sample("kparam-demo-old-rotations.xml")});
+    EXPECT_TRUE(check.out.contains("DemoModel of version 1 (present 1), 0 finding(s)\n")) << check.out.toStdString();
 }
 
 TEST_F(KparamCheck, TellsFindingsAsJson)

@@ -28,11 +28,34 @@ TEST_F(KparamDemo, ShowsTreeRecordsFicheKeyAndMigratedValues)
     EXPECT_TRUE(out.contains("Cannot load parameter 'DemoTask' because version is too recent."));
 }
 
+TEST_F(KparamDemo, ShowsEachFamilyOfValuesAndLists)
+{
+    const QString out = run({"demo"}).out;
+    for (const char* line : {
+             "     ok  GRID/CELL: v1=10 v2=10 v3=5\n",
+             "     ok  STRUCTURE/SHOOTS: azimuth=40 plunge=12.5\n",
+             "     ok  STRUCTURE/LAYERS: dip=40 dipAzimuth=310\n",
+             "     ok  STRUCTURE/ANISOTROPY: dip=40 dipAzimuth=310 pitch=22.5\n",
+             "     ok  STRUCTURE/SILLS: [1.50, 1.50; 1.50, 1.50]\n",
+             "     ok  STRUCTURE/NUGGET: [unknown]\n",
+             "     ok  PRINT/CONTOUR: Pen[Dash] Color[#ffff0000] Width[2]\n",
+             "     ok  GRID/SYSTEM: EPSG:2154\n",
+             "     ok  keys: ITEM_1, ITEM_3, ITEM_4\n",
+             "     ok  CUTOFFS: 0.5; 2; 100 %\n",
+             "     ok  record: DOMAIN_COLORS value, children, items\n",
+             "   ok  keys of the drill holes: ITEM_1, ITEM_3, ITEM_4\n",
+             "   ok  the automatic origin is not stored\n",
+             "   ok  first: tracer: start watching root GRID\n",
+         })
+        EXPECT_TRUE(out.contains(line)) << line;
+}
+
 TEST_F(KparamDemo, LeavesItsStoreInTheFolderAndUsesItAgain)
 {
     EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
     EXPECT_EQ(run({"store", "a/b/demo.kestrin", "list"}).out, "Identifier  Fiche key\n"
-                                                              "ESTIMATION  METHOD=NEAREST, NAME=Run 2\n");
+                                                              "ESTIMATION  METHOD=NEAREST, NAME=Run 2\n"
+                                                              "MODEL       NAME=Model 1\n");
     EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
 }
 
@@ -41,7 +64,7 @@ TEST_F(KparamDemo, NamesTheStepsThatFailed)
     file("demo.kestrin", QByteArray(4096, 'x'));
     const KparamRun demo = run({"demo", "."});
     EXPECT_EQ(demo.code, 1);
-    EXPECT_EQ(demo.lastLine(), "demo: these steps failed: save, reopen");
+    EXPECT_EQ(demo.lastLine(), "demo: these steps failed: save, reopen, items");
     EXPECT_TRUE(demo.out.contains("FAILED  "));
     EXPECT_EQ(read("demo.kestrin"), QByteArray(4096, 'x'));
 }

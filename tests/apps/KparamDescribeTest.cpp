@@ -31,9 +31,48 @@ TEST_F(KparamDescribe, ListsTheClasses)
 {
     const KparamRun classes = run({"classes"});
     EXPECT_EQ(classes.code, 0);
-    for (const char* name :
-         {"KpaInteger", "KpaDouble", "KpaBool", "KpaSeed", "KpaUnit", "KpaEnum", "KpaFlags", "KpaString", "KpaFSFile",
-          "KpaFSDirectory", "KpcGroup", "KpcFiche", "KpcBasicFiche", "KpcCheckableGroup", "DemoTask"})
+    for (const char* name : {"KpaInteger",
+                             "KpaDouble",
+                             "KpaBool",
+                             "KpaSeed",
+                             "KpaUnit",
+                             "KpaEnum",
+                             "KpaFlags",
+                             "KpaString",
+                             "KpaFSFile",
+                             "KpaFSDirectory",
+                             "KpaVectorDouble",
+                             "KpaVectorInt",
+                             "KpaRotation",
+                             "KpaDirection",
+                             "KpaPlaneOrientation",
+                             "KpaSystemOrientation",
+                             "KpaMatrixSymmetrical",
+                             "KpaCoordSystem",
+                             "KpaColor",
+                             "KpaPalette",
+                             "KpaLineStyle",
+                             "KpaSymbol",
+                             "KpaSymbol3D",
+                             "KpaCatalogDefinition_old",
+                             "KpcGroup",
+                             "KpcFiche",
+                             "KpcBasicFiche",
+                             "KpcCheckableGroup",
+                             "KpcConstraintDouble",
+                             "KpcVectorConstraintDouble",
+                             "KpcGroupList",
+                             "KplBoolList",
+                             "KplIntegerList",
+                             "KplDoubleList",
+                             "KplUnitList",
+                             "KplEnumList",
+                             "KplStringList",
+                             "KplRotationList",
+                             "KplMatrixSymmetricalList",
+                             "KplColorList",
+                             "DemoTask",
+                             "DemoModel"})
         EXPECT_TRUE(classes.out.contains(QStringLiteral("\n%1 ").arg(name))) << name;
     bool found = false;
     for (const QJsonValue& value : run({"classes", "--json"}).json().value("classes").toArray()) {
@@ -98,6 +137,49 @@ TEST_F(KparamDescribe, TellsBoundsOfEachKind)
     for (const auto& [path, text] : bounds)
         EXPECT_EQ(parameter(task, path).value("bounds").toString(), text) << path;
     EXPECT_TRUE(parameter(task, "REPORT_UNIT").value("bounds").toString().startsWith("m | km | "));
+}
+
+TEST_F(KparamDescribe, TellsBoundsAndUnitsOfVectorsOrientationsMatricesDrawingsAndLists)
+{
+    const QJsonObject model = run({"describe", "DemoModel", "--json"}).json();
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"GRID/SYSTEM", "local | projected", ""},
+        {"GRID/ORIGIN", "", "m"},
+        {"GRID/CELL", "from 0.1, v2 follows v1", "m"},
+        {"GRID/NODES", "v1 1 to 1000; v2 1 to 1000; v3 1 to 200", ""},
+        {"GRID/ROTATION", "in the plane", ""},
+        {"STRUCTURE/SHOOTS", "", ""},
+        {"STRUCTURE/SILLS", "positive definite", ""},
+        {"STRUCTURE/NUGGET/VALUE", "from 0", ""},
+        {"STRUCTURE/NUGGET/LOWER_BOUND", "from 0, or undefined", ""},
+        {"STRUCTURE/RANGES", "COMPONENT_2 follows COMPONENT_1", ""},
+        {"STRUCTURE/RANGES/COMPONENT_3/UPPER_BOUND", "from 0, or undefined", "m"},
+        {"CUTOFFS", "items of the kind Double, 0 to 100, each value once", "%"},
+        {"DOMAINS", "items of the kind String, at most 20 characters", ""},
+        {"DOMAIN_COLORS/ITEM_1", "opaque", ""},
+        {"DRILL_HOLES", "items of the kind Group", ""},
+        {"SCREEN/PALETTE", "RAINBOW | GREY | HEAT | TERRAIN | DEPTH | BLUE_RED", ""},
+        {"SCREEN/CONTOUR", "NO_LINE | SOLID | DASH | DOT | DASH_DOT | DASH_DOT_DOT", ""},
+        {"SCREEN/SAMPLE",
+         "CIRCLE | SQUARE | DIAMOND | TRIANGLE_UP | TRIANGLE_DOWN | PENTAGON | HEXAGON | STAR | PLUS | CROSS", ""},
+        {"SCREEN/DRILL_HOLE", "SPHERE | CUBE | TETRAHEDRON | OCTAHEDRON | CYLINDER | CONE | DISC | CROSS", ""},
+    };
+    for (const auto& [path, bounds, unit] : rows) {
+        EXPECT_EQ(parameter(model, path).value("bounds").toString(), bounds) << path;
+        EXPECT_EQ(parameter(model, path).value("unit").toString(), unit) << path;
+    }
+}
+
+TEST_F(KparamDescribe, TellsTheEntriesOfValuesThatHaveSeveral)
+{
+    const QJsonObject model = run({"describe", "DemoModel", "--json"}).json();
+    EXPECT_EQ(parameter(model, "GRID/CELL").value("value").toString(), "[25 m,25 m,5 m]");
+    EXPECT_EQ(parameter(model, "GRID/CELL").value("stored").toObject(),
+              (QJsonObject{{"v1", "25"}, {"v2", "25"}, {"v3", "5"}}));
+    EXPECT_EQ(parameter(model, "STRUCTURE/LAYERS").value("stored").toObject(),
+              (QJsonObject{{"dip", "0"}, {"dipAzimuth", "90"}}));
+    EXPECT_EQ(parameter(model, "DOMAINS").value("value").toString(), "1 item: 'Ore'");
+    EXPECT_EQ(parameter(model, "DOMAINS").value("stored").toObject(), QJsonObject());
 }
 
 TEST_F(KparamDescribe, TellsStatesThatAreNotOrdinary)

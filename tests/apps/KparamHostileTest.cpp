@@ -91,6 +91,39 @@ TEST_F(KparamHostile, DocumentsOfAnotherShapeAreRefused)
               "kparam: t.xml:1:1: A task is no form of the class KpaInteger.\n");
 }
 
+TEST_F(KparamHostile, LongListsCatalogsAndMatricesAreReadInTime)
+{
+    QByteArray items;
+    QByteArray categories;
+    QByteArray elements;
+    for (int i = 1; i <= 30000; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        items += "<param key=\"ITEM_" + number + "\">" + number + "</param>";
+        categories += "<enum" + number + ">" + number + "|A%20label|7</enum" + number + ">";
+        elements += "<node_" + number + ">" + number + ".0</node_" + number + ">";
+    }
+    const std::pair<const char*, QByteArray> cases[] = {
+        {"KplIntegerList", items},
+        {"KpaCatalogDefinition_old", "<id>a</id><name>b</name><undefRgba>1</undefRgba>" + categories},
+        {"KpaMatrixSymmetrical", "<size>256</size>" + elements},
+    };
+    for (const auto& [name, content] : cases) {
+        file("long.xml", "<param key=\"L\">" + content + "</param>");
+        EXPECT_TRUE(run({"check", "--as", name, "long.xml"}).out.contains(", 0 finding(s)\n")) << name;
+    }
+}
+
+TEST_F(KparamHostile, ASizeThatNoMatrixHasIsRefused)
+{
+    for (const char* size : {"257", "2147483647", "-1", "1e9", "99999999999999999999"}) {
+        file("m.xml", QByteArray("<param key=\"M\"><size>") + size + "</size></param>");
+        const KparamRun check = run({"check", "--as", "KpaMatrixSymmetrical", "m.xml"});
+        EXPECT_EQ(check.code, 1) << size;
+        EXPECT_TRUE(check.out.startsWith(QStringLiteral("m.xml:1:1: .: refused: '%1'; ").arg(size)))
+            << check.out.toStdString();
+    }
+}
+
 TEST_F(KparamHostile, ControlCharactersAreRefused)
 {
     file("c.xml", QByteArray("<task>\n\0</task>", 15));

@@ -57,6 +57,21 @@ TEST_F(KparamStore, ShowsAFormByItsKeyAsStoredAndAsItReads)
     EXPECT_EQ(none.err, "kparam: The store has no form 'DemoTask' for 'METHOD=GUESS'.\n");
 }
 
+TEST_F(KparamStore, FilesATaskForValuesOfSeveralEntriesAndForNoList)
+{
+    run({"template", "DemoModel", "-o", "m.xml"});
+    const auto put = [this](const char* path) {
+        return store({"put", "--as", "DemoModel", "m.xml", "--create", "--by", "NAME", "--by", path});
+    };
+    EXPECT_EQ(put("GRID/CELL").out, "Stored 'DemoModel' for 'NAME=Model 1, CELL=(v1:25 v2:25 v3:5)'.\n");
+    EXPECT_EQ(store({"show", "DemoModel", "NAME=Model 1, CELL=(v1:25 v2:25 v3:5)"}).out.toUtf8(), read("m.xml"));
+    for (const char* path : {"DOMAINS", "CUTOFFS", "GRID"}) {
+        const KparamRun refused = put(path);
+        EXPECT_EQ(refused.code, 2) << path;
+        EXPECT_EQ(refused.err, QStringLiteral("kparam: '%1' has no value of its own.\n").arg(path));
+    }
+}
+
 TEST_F(KparamStore, ReplacesAFormOnlyWhenToldTo)
 {
     putTask();

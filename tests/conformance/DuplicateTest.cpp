@@ -14,15 +14,23 @@ std::unique_ptr<KpbAParameter> duplicate(const KpbAParameter& parameter, const Q
     return std::unique_ptr<KpbAParameter>(parameter.duplicate(key));
 }
 
+/// Whether locks and read-only flags say what the parent knows, which brings them to that in a copy.
+bool isPartOfAConstraint(const KpbAParameter& parameter)
+{
+    return parameter.getParent() && parameter.getParent()->isA(KpbEType::CONSTRAINT_DOUBLE);
+}
+
 /// Changes whatever can be changed by ordinary setters.
 void changeEverything(KpbAParameter& root)
 {
     for (KpbAParameter* parameter : allOf(root)) {
         parameter->setLabel("Other label");
-        parameter->setReadOnly(!parameter->getReadOnlyFlag());
         parameter->setEnabled(!parameter->getEnabledFlag());
         parameter->setAutomaticEnabled(!parameter->isAutomaticEnabled());
-        parameter->activateValueLock(true);
+        if (!isPartOfAConstraint(*parameter)) {
+            parameter->setReadOnly(!parameter->getReadOnlyFlag());
+            parameter->activateValueLock(true);
+        }
         parameter->setVolatile(!parameter->isVolatile());
         changeValue(*parameter);
     }

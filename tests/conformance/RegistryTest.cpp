@@ -68,14 +68,48 @@ TEST(ClassRegistry, MakesEachClassOfItsKindAndVersion)
         const char* kind;
         int version;
     } rows[] = {
-        {"KpaInteger", "INTEGER", 1},  {"KpaDouble", "DOUBLE", 1},
-        {"KpaBool", "BOOL", 1},        {"KpaSeed", "SEED", 1},
-        {"KpaUnit", "UNIT", 1},        {"KpaEnum", "ENUM", 1},
-        {"KpaFlags", "FLAGS", 1},      {"KpaString", "STRING", 1},
-        {"KpaFSFile", "FS_FILE", 1},   {"KpaFSDirectory", "FS_DIRECTORY", 1},
-        {"KpcGroup", "GROUP", 1},      {"KpcFiche", "FICHE", 1},
-        {"KpcBasicFiche", "FICHE", 1}, {"KpcCheckableGroup", "CHECKABLE_GROUP", 1},
+        {"KpaInteger", "INTEGER", 1},
+        {"KpaDouble", "DOUBLE", 1},
+        {"KpaBool", "BOOL", 1},
+        {"KpaSeed", "SEED", 1},
+        {"KpaUnit", "UNIT", 1},
+        {"KpaEnum", "ENUM", 1},
+        {"KpaFlags", "FLAGS", 1},
+        {"KpaString", "STRING", 1},
+        {"KpaFSFile", "FS_FILE", 1},
+        {"KpaFSDirectory", "FS_DIRECTORY", 1},
+        {"KpaVectorDouble", "VECTOR_DOUBLE", 1},
+        {"KpaVectorInt", "VECTOR_INT", 1},
+        {"KpaRotation", "ROTATION", 1},
+        {"KpaDirection", "DIRECTION", 1},
+        {"KpaPlaneOrientation", "PLANE_ORIENTATION", 1},
+        {"KpaSystemOrientation", "SYSTEM_ORIENTATION", 1},
+        {"KpaMatrixSymmetrical", "MATRIX", 1},
+        {"KpaCoordSystem", "COORD_SYSTEM", 1},
+        {"KpaColor", "COLOR", 1},
+        {"KpaPalette", "PALETTE", 1},
+        {"KpaLineStyle", "LINE_STYLE", 1},
+        {"KpaSymbol", "SYMBOL", 1},
+        {"KpaSymbol3D", "SYMBOL_3D", 1},
+        {"KpaCatalogDefinition_old", "OLD_CATALOG_DEF", 1},
+        {"KpcGroup", "GROUP", 1},
+        {"KpcFiche", "FICHE", 1},
+        {"KpcBasicFiche", "FICHE", 1},
+        {"KpcCheckableGroup", "CHECKABLE_GROUP", 1},
+        {"KpcConstraintDouble", "CONSTRAINT_DOUBLE", 1},
+        {"KpcVectorConstraintDouble", "VECTOR_CONSTRAINT_DOUBLE", 1},
+        {"KpcGroupList", "LIST", 1},
+        {"KplBoolList", "LIST", 1},
+        {"KplColorList", "LIST", 1},
+        {"KplDoubleList", "LIST", 1},
+        {"KplEnumList", "LIST", 1},
+        {"KplIntegerList", "LIST", 1},
+        {"KplMatrixSymmetricalList", "LIST", 1},
+        {"KplRotationList", "LIST", 1},
+        {"KplStringList", "LIST", 1},
+        {"KplUnitList", "LIST", 1},
         {"DemoTask", "FICHE", 3},
+        {"DemoModel", "FICHE", 1},
     };
     QSet<QString> tested;
     for (const auto& row : rows) {
@@ -100,7 +134,7 @@ TEST_EVERY(ParameterClass, HasOnlyLeavesWhoseValuesTheseTestsCanChange)
 {
     const auto root = make();
     for (KpbAParameter* parameter : allOf(*root)) {
-        const bool composite = dynamic_cast<KpcAComposite*>(parameter) != nullptr;
+        const bool composite = isMadeOfOthers(*parameter);
         EXPECT_NE(KnownAtomics::visit(*parameter, [](auto&) {}), composite) << placeOf(*parameter);
         // Of these, one without items, or in a class of one unit, has no choice.
         const bool chooses =

@@ -6,6 +6,11 @@
 #include <support/RecordingObserver.h>
 
 #include <basic/MbeException.h>
+#include <param/composite/KpcConstraintDouble.h>
+#include <param/composite/KpcGroupList.h>
+#include <param/list/KplDoubleList.h>
+#include <param/list/KplIntegerList.h>
+#include <param/list/KplStringList.h>
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -40,8 +45,8 @@ Values valuesOf(KpbAParameter& root)
 {
     Values values;
     for (const KpbAParameter* parameter : allOf(root)) {
-        if (parameter->serialize().contains("value"))
-            values[root.getRelatifPath(parameter).join("/")] = parameter->serialize().value("value");
+        if (!parameter->serialize().isEmpty())
+            values[root.getRelatifPath(parameter).join("/")] = formOf(*parameter);
     }
     return values;
 }
@@ -367,9 +372,164 @@ TEST(StoredDocuments, InOldEncodingsAreReadByEachKind)
     EXPECT_EQ(shown(valuesOf(group)), shown(expected));
 }
 
+namespace {
+
+std::unique_ptr<KpbAParameter> newGroup()
+{
+    return ClassRegistry::find("KpcGroup")->make("OLD");
+}
+
+/// A new child of the class, made by the registry.
+template <class T>
+T& addTo(KpbAParameter& group, const QString& key, const QString& className)
+{
+    auto child = ClassRegistry::find(className)->make(key);
+    auto& added = dynamic_cast<T&>(*child);
+    dynamic_cast<KpcGroup&>(group).addChild(child.release());
+    return added;
+}
+
+void setInPlane(KpaRotation& rotation)
+{
+    rotation.setDimension(MbgEDimension::DIM_2D, 0.0);
+}
+
+/// Reads the document into `group`, which gets the values, without a message, and is then written and read again.
+void expectRead(const char* file, KpbAParameter& group, const Values& expected)
+{
+    const std::unique_ptr<KpbAParameter> reader(group.duplicate(QString()));
+    RecordedMessages messages;
+    load(group, parsed(bytesOfFile(file)));
+    EXPECT_EQ(shown(valuesOf(group)), shown(expected)) << file;
+    EXPECT_EQ(messages.warnings + messages.errors, QStringList()) << file;
+    load(*reader, save(group));
+    EXPECT_EQ(savedBytes(*reader), savedBytes(group)) << file;
+}
+
+} // namespace
+
+TEST(StoredDocuments, OfOlderRotationsAreReadByEachOrientation)
+{
+    const auto group = newGroup();
+    addTo<KpaRotation>(*group, "ROTATION", "KpaRotation");
+    setInPlane(addTo<KpaRotation>(*group, "ROTATION_IN_PLANE", "KpaRotation"));
+    addTo<KpaRotation>(*group, "OTHER_CONVENTION", "KpaRotation");
+    addTo<KpaRotation>(*group, "LOST_ANGLE", "KpaRotation");
+    addTo<KpaRotation>(*group, "DIRECTION", "KpaDirection");
+    addTo<KpaRotation>(*group, "DIRECTION_OF_AXES", "KpaDirection");
+    addTo<KpaRotation>(*group, "DIRECTION_WITHOUT_AZIMUTH", "KpaDirection");
+    setInPlane(addTo<KpaRotation>(*group, "DIRECTION_IN_PLANE", "KpaDirection"));
+    addTo<KpaRotation>(*group, "PLANE", "KpaPlaneOrientation");
+    addTo<KpaRotation>(*group, "SYSTEM", "KpaSystemOrientation");
+
+    load(*group, parsed(bytesOfFile("KpcGroup-old-orientations.xml")));
+    Values values = valuesOf(*group);
+    // A convention of that string is made for what was read, under whatever number.
+    EXPECT_TRUE(values["OTHER_CONVENTION"].endsWith(" conv_string=+Z+X+Z a1=10 a2=20 a3=30"));
+    EXPECT_FALSE(values["OTHER_CONVENTION"].startsWith("conv_id=0 "));
+    values.remove("OTHER_CONVENTION");
+    const Values expected = {
+        {"ROTATION", "conv_id=0 conv_string=+Z+Y+X a1=30 a2=-20 a3=10.5"},
+        {"ROTATION_IN_PLANE", "conv_id=0 conv_string=+Z+Y+X a1=30 a2=0 a3=0"},
+        {"LOST_ANGLE", "conv_id=0 conv_string=+Z+Y+X a1=0 a2=0 a3=0"},
+        {"DIRECTION", "azimuth=30 plunge=12.5"},
+        {"DIRECTION_OF_AXES", "azimuth=30 plunge=-12.5"},
+        {"DIRECTION_WITHOUT_AZIMUTH", "azimuth=10 plunge=0"},
+        {"DIRECTION_IN_PLANE", "azimuth=75 plunge=0"},
+        {"PLANE", "dip=40 dipAzimuth=120"},
+        {"SYSTEM", "dip=0 dipAzimuth=90 pitch=90"},
+    };
+    EXPECT_EQ(shown(values), shown(expected));
+}
+
+TEST(StoredDocuments, OfOlderDrawingsAreReadByEachKind)
+{
+    const auto group = newGroup();
+    addTo<KpaColor>(*group, "OPAQUE_COLOUR", "KpaColor").setValue(QColor(9, 9, 9, 9));
+    addTo<KpaColor>(*group, "BRIGHT_COLOUR", "KpaColor").setValue(QColor(9, 9, 9));
+    addTo<KpaPalette>(*group, "PALETTE", "KpaPalette");
+    addTo<KpaPalette>(*group, "LOST_PALETTE", "KpaPalette").setPaletteId("GREY");
+    KugLineStyle style;
+    style.setBorder(true);
+    style.setBorderWidth(0.5);
+    addTo<KpaLineStyle>(*group, "LINE", "KpaLineStyle").setValue(style);
+    addTo<KpaLineStyle>(*group, "LOST_LINE", "KpaLineStyle").setValue(style);
+    addTo<KpaSymbol>(*group, "SYMBOL", "KpaSymbol");
+    addTo<KpaSymbol3D>(*group, "SYMBOL_3D", "KpaSymbol3D");
+    addTo<KpaCatalogDefinition_old>(*group, "CATALOG", "KpaCatalogDefinition_old");
+    addTo<KpaCoordSystem>(*group, "LOCAL_SYSTEM", "KpaCoordSystem");
+    addTo<KpaCoordSystem>(*group, "LOST_SYSTEM", "KpaCoordSystem")
+        .setValue(KuuCoordSystemCatalog::getCoordSystem("EPSG:2154"));
+
+    expectRead(
+        "KpcGroup-old-drawings.xml", *group,
+        {{"OPAQUE_COLOUR", "red=1 green=2 blue=3 opacity=255"},
+         {"BRIGHT_COLOUR", "red=255 green=0 blue=9 opacity=128"},
+         {"PALETTE", "id=TERRAIN"},
+         {"LOST_PALETTE", "id=GREY"},
+         {"LINE", "pen=DASH color=#ff102030 width=2.5 border=yes borderColor=#ff000000 borderWidth=0.5"},
+         {"LOST_LINE", "pen=SOLID color=#ff000000 width=1 border=yes borderColor=#ff000000 borderWidth=0.5"},
+         {"SYMBOL",
+          "shape=STAR size=12 red=1 green=2 blue=3 opacity=255 drawBorder=no borderRed=0 borderGreen=0 borderBlue=0"},
+         {"SYMBOL_3D", "shape=CONE size=2.5 quality=0.5 red=0 green=0 blue=0 opacity=255"},
+         {"CATALOG", "id=rocks name=Rock types undefRgba=4294967295 enum1=1|Oxide|4294934528 "
+                     "enum2=2|Fresh rock|4278190335"},
+         {"LOCAL_SYSTEM", "LOCAL"},
+         {"LOST_SYSTEM", "EPSG:2154"}});
+}
+
+TEST(StoredDocuments, OfOlderListsVectorsAndMatricesKeepWhatTheyCan)
+{
+    const auto group = newGroup();
+    addTo<KplIntegerList>(*group, "COUNTS", "KplIntegerList").setValues({1, 2, 3});
+    addTo<KplDoubleList>(*group, "CUTOFFS", "KplDoubleList").setUnique(true);
+    auto& three = addTo<KplIntegerList>(*group, "THREE", "KplIntegerList");
+    three.setValues({0, 0, 0});
+    three.setResizable(false);
+    addTo<KplStringList>(*group, "TEXTS", "KplStringList");
+    auto& groups = addTo<KpcGroupList>(*group, "GROUPS", "KpcGroupList");
+    groups.getItemPrototype()->addChild(new KpaInteger("COUNT"));
+    addTo<KplIntegerList>(*group, "EMPTY", "KplIntegerList").setValues({1, 2});
+    addTo<KpaVectorDouble>(*group, "VECTOR", "KpaVectorDouble").setComponentValues(7.0, 8.0, 9.0);
+    addTo<KpaMatrixSymmetrical>(*group, "MATRIX", "KpaMatrixSymmetrical").setMode(Ku::Constraint::Constraints);
+    addTo<KpcConstraintDouble>(*group, "CONSTRAINT", "KpcConstraintDouble").setMode(Ku::Constraint::Constraints);
+
+    expectRead("KpcGroup-old-lists.xml", *group,
+               {{"COUNTS/ITEM_5", "50"},
+                {"COUNTS/ITEM_1", "10"},
+                {"CUTOFFS/ITEM_1", "2"},
+                {"CUTOFFS/ITEM_2", "0.5"},
+                {"THREE/ITEM_1", "1"},
+                {"THREE/ITEM_2", "2"},
+                {"THREE/ITEM_3", "3"},
+                {"TEXTS/ITEM_2", QStringLiteral("2 m\ncaf\u00e9")},
+                {"GROUPS/ITEM_3/COUNT", "7"},
+                {"VECTOR", "v1=7 v2=8 v3=9"},
+                {"MATRIX", "size=2 behavior=Automatic node_1=4 node_2=0 node_3=9 min_V1=1 max_V1= min_V2= max_V2= "
+                           "min_V3= max_V3="},
+                {"CONSTRAINT/VALUE", "5"},
+                {"CONSTRAINT/LOWER_BOUND", ""},
+                {"CONSTRAINT/UPPER_BOUND", ""}});
+    EXPECT_EQ(dynamic_cast<KplIntegerList&>(*group->getChild("COUNTS")).getItemKeys(),
+              (QStringList{"ITEM_5", "ITEM_1"}));
+}
+
+TEST(StoredDocuments, OfOlderRotationsAreReadByTheFormOfTheDemonstration)
+{
+    const auto model = ClassRegistry::find("DemoModel")->make("DemoModel");
+    load(*model, parsed(bytesOfFile("kparam-demo-old-rotations.xml")));
+    const Values values = valuesOf(*model);
+    EXPECT_EQ(values["NAME"], "Lens C");
+    EXPECT_EQ(values["GRID/ROTATION"], "conv_id=0 conv_string=+Z+Y+X a1=30 a2=0 a3=0");
+    EXPECT_EQ(values["STRUCTURE/SHOOTS"], "azimuth=30 plunge=12.5");
+    EXPECT_EQ(values["STRUCTURE/LAYERS"], "dip=40 dipAzimuth=120");
+}
+
 TEST(StoredDocuments, AreAllRead)
 {
-    QSet<QString> read = {"DemoTask-damaged-version.xml", "KpcGroup-old-encodings.xml"};
+    QSet<QString> read = {"DemoTask-damaged-version.xml",  "KpcGroup-old-encodings.xml",
+                          "KpcGroup-old-orientations.xml", "KpcGroup-old-drawings.xml",
+                          "KpcGroup-old-lists.xml",        "kparam-demo-old-rotations.xml"};
     for (const Document& document : readableDocuments())
         read.insert(document.file);
     for (const NewerDocument& document : newerDocuments())

@@ -8,6 +8,17 @@
 #include <basic/MbuEUnitClass.h>
 #include <param/composite/KpcBasicFiche.h>
 #include <param/composite/KpcCheckableGroup.h>
+#include <param/composite/KpcGroupList.h>
+#include <param/composite/KpcVectorConstraintDouble.h>
+#include <param/list/KplBoolList.h>
+#include <param/list/KplColorList.h>
+#include <param/list/KplDoubleList.h>
+#include <param/list/KplEnumList.h>
+#include <param/list/KplIntegerList.h>
+#include <param/list/KplMatrixSymmetricalList.h>
+#include <param/list/KplRotationList.h>
+#include <param/list/KplStringList.h>
+#include <param/list/KplUnitList.h>
 #include <param/watcher/KpwEnabler.h>
 #include <registry/ClassRegistry.h>
 
@@ -164,7 +175,291 @@ void requireFolder(KpaFSDirectory& atomic)
     atomic.setValue("/");
 }
 
+void bound(KpaVectorDouble& atomic)
+{
+    atomic.setComponentUnitClass(MbuEUnitClass::LENGTH);
+    atomic.setComponentMinimums(0.5, 1.0, -1.0);
+    atomic.setComponentMaximums(2.5, 3.0, 1.0);
+    atomic.setComponentValues(1.25, 3.0, -1.0);
+}
+
+void flatten(KpaVectorDouble& atomic)
+{
+    atomic.setDimension(Kp::VectorDim2, 7.0);
+    atomic.setComponentValues(1.0, 2.0, 3.0);
+}
+
+void linkAll(KpaVectorDouble& atomic)
+{
+    atomic.setComponentValues(1.0, 2.0, 3.0);
+    atomic.setLinkMode(Kp::LinkAll);
+}
+
+void makeAutomatic(KpaVectorDouble& atomic)
+{
+    atomic.activateAutoValue({10.0, 20.5, 0.0});
+}
+
+void bound(KpaVectorInt& atomic)
+{
+    atomic.setComponentMinimum(1);
+    atomic.setComponentMaximum(10);
+    atomic.setLinkMode(Kp::LinkHorizontal);
+    atomic.setComponentValues(4, 5, 6);
+}
+
+void turn(KpaRotation& atomic)
+{
+    atomic.setValue(Candidates::rotation(12.5, -30.0, 200.0));
+}
+
+void turnInPlane(KpaRotation& atomic)
+{
+    turn(atomic);
+    atomic.setDimension(MbgEDimension::DIM_2D, 0.0);
+}
+
+void point(KpaDirection& atomic)
+{
+    atomic.setDirection(Candidates::degrees(75.0), Candidates::degrees(-12.5));
+}
+
+void pointInPlane(KpaDirection& atomic)
+{
+    atomic.setDimension(MbgEDimension::DIM_2D, 0.0);
+    atomic.setDirection(Candidates::degrees(75.0), Candidates::degrees(0.0));
+}
+
+void tilt(KpaPlaneOrientation& atomic)
+{
+    atomic.setOrientation(Candidates::degrees(40.0), Candidates::degrees(310.0));
+}
+
+void tilt(KpaSystemOrientation& atomic)
+{
+    atomic.setOrientation(Candidates::degrees(40.0), Candidates::degrees(310.0), Candidates::degrees(22.5));
+}
+
+MgmMatrix twoByTwo(double first, double both, double second)
+{
+    MgmMatrix matrix(2, 2, MgmMatrix::Symmetric);
+    matrix.setElement(0, 0, first);
+    matrix.setElement(0, 1, both);
+    matrix.setElement(1, 1, second);
+    return matrix;
+}
+
+void wantDefinite(KpaMatrixSymmetrical& atomic)
+{
+    atomic.wantPositiveDefinite(true);
+    KuuMatrixSymmetrical matrix(2);
+    matrix.setMatrix(twoByTwo(2.0, 0.5, 1.0));
+    atomic.setValue(matrix);
+}
+
+void constrain(KpaMatrixSymmetrical& atomic)
+{
+    atomic.setMode(Ku::Constraint::Constraints);
+    KuuMatrixSymmetrical matrix(2);
+    matrix.setMatrixWC(twoByTwo(1.0, 0.5, 1.0), {1.0, 0.0, MbbGlobal::D_FFFF}, {2.0, MbbGlobal::D_FFFF, 1.0},
+                       Ku::Constraint::Bounded);
+    atomic.setValue(matrix);
+}
+
+void bound(KpaMatrixSymmetrical& atomic)
+{
+    atomic.setElementMinimum(0.0);
+    atomic.setElementMaximum(2.0);
+    atomic.setElementStep(0.5);
+    atomic.setLabels({"Only"});
+}
+
+void makeTransparent(KpaColor& atomic)
+{
+    atomic.setValue(QColor(1, 2, 3, 4));
+}
+
+void makeOpaque(KpaColor& atomic)
+{
+    makeTransparent(atomic);
+    atomic.setAlphaEnabled(false);
+}
+
+void choose(KpaPalette& atomic)
+{
+    atomic.setPaletteId("TERRAIN");
+}
+
+void drawBorder(KpaLineStyle& atomic)
+{
+    atomic.setColorEnabled(true);
+    KugLineStyle style;
+    style.setBorder(true);
+    style.setBorderColor(QColor(1, 2, 3, 4));
+    style.setBorderWidth(2.5);
+    atomic.setValue(style);
+}
+
+void drawBorder(KpaSymbol& atomic)
+{
+    KugSymbol symbol;
+    symbol.setDrawBorder(true);
+    symbol.setBorderColor(QColor(1, 2, 3));
+    atomic.setValue(symbol);
+}
+
+void enlarge(KpaSymbol3D& atomic)
+{
+    KugSymbol3D symbol;
+    symbol.setSize(0.1);
+    atomic.setValue(symbol);
+}
+
+void project(KpaCoordSystem& atomic)
+{
+    atomic.setFilter(Ku::CoordSystemMode::Projected);
+    atomic.setValue(KuuCoordSystemCatalog::getCoordSystem("EPSG:2154"));
+}
+
+void fill(KpaCatalogDefinition_old& atomic)
+{
+    MbdEnumCatalog catalog("rocks", "Rock types");
+    catalog.setCategory(1, "Oxide", MbbColor(0xFFFF8000));
+    catalog.setCategory(2, "Sulphide", MbbColor(0xFF808080));
+    atomic.setValue(catalog);
+}
+
+// States of lists
+
+void fill(KplBoolList& list)
+{
+    list.setItemLabel("Box");
+    list.setValues({true, false, true});
+}
+
+void fill(KplIntegerList& list)
+{
+    list.getItemPrototype()->setRange(0, 10);
+    list.setItemLabel("Count");
+    list.setValues({4, 4, 11});
+}
+
+void fill(KplDoubleList& list)
+{
+    list.setItemLabel("Number");
+    list.setUnitClass(MbuEUnitClass::LENGTH);
+    list.setValues({0.5, 4.0, 4.0});
+}
+
+void removeFromTheMiddle(KplDoubleList& list)
+{
+    fill(list);
+    list.removeItemAt(1);
+    list.addItem();
+    list.moveItem(0, 1);
+}
+
+void fixSize(KplDoubleList& list)
+{
+    fill(list);
+    list.setResizable(false);
+}
+
+void makeUnique(KplDoubleList& list)
+{
+    list.setUnique(true);
+    list.setValues({4.0, 4.0});
+}
+
+void makeAutomatic(KplDoubleList& list)
+{
+    list.setAutomaticEnabled(true);
+    list.setAutomatic(true);
+    list.setAutoValues({1.0, 2.0});
+}
+
+void makeItemsAutomatic(KplDoubleList& list)
+{
+    fill(list);
+    list.setAutomaticEnabled(true);
+    for (int i = 0; i < list.getItemCount(); ++i) {
+        list.getItemAt(i)->setAutomaticEnabled(true);
+        list.setAutoValueAt(i, i);
+    }
+    list.setAutomatic(true);
+}
+
+void fill(KplUnitList& list)
+{
+    measureLengths(*list.getItemPrototype());
+    list.setItemCount(2);
+}
+
+void fill(KplEnumList& list)
+{
+    fill(*list.getItemPrototype());
+    list.setItemFromKeys({"THIRD", "FIRST"});
+}
+
+void fill(KplStringList& list)
+{
+    list.setItemLabel("Text");
+    list.setValues({"first", "", "with\nlines"});
+}
+
+void fill(KplRotationList& list)
+{
+    list.setItemLabel("Rotation");
+    list.setValues({Candidates::rotation(10.0, 20.0, 30.0), MbgRotation()});
+}
+
+void fill(KplMatrixSymmetricalList& list)
+{
+    wantDefinite(*list.getItemPrototype());
+    list.setItemCount(2);
+}
+
+void fill(KplColorList& list)
+{
+    list.setItemLabel("Colour");
+    list.setValues({Qt::red, QColor(1, 2, 3, 4)});
+}
+
+void fill(KpcGroupList& list)
+{
+    KpaInteger* count = new KpaInteger("COUNT");
+    count->setLabel("Count");
+    list.getItemPrototype()->addChild(count);
+    KplStringList* texts = new KplStringList("TEXTS");
+    texts->setLabel("Texts");
+    fill(*texts);
+    list.getItemPrototype()->addChild(texts);
+    list.setItemLabel("Group");
+    list.setItemCount(2);
+}
+
 // States of composites
+
+void constrain(KpcConstraintDouble& constraint)
+{
+    constraint.setMode(Ku::Constraint::Constraints);
+}
+
+void boundBelow(KpcConstraintDouble& constraint)
+{
+    constrain(constraint);
+    constraint.setUnitClass(MbuEUnitClass::LENGTH);
+    constraint.setValue(Ku::Constraint::LowerBound, 0.25);
+}
+
+void link(KpcVectorConstraintDouble& vector)
+{
+    vector.setMode(Ku::Constraint::Constraints);
+    vector.setComponentLink(Ku::Vector::AllFollowFirst);
+    vector.setComponentLabels("a", "b", "c");
+    vector.setDimension(Ku::Vector::Dimension2, 0.0);
+    vector.getParameter(Ku::Vector::First)->setValue(Ku::Constraint::UpperBound, 10.0);
+}
 
 template <class T, class... Arguments>
 T* newChild(const QString& key, void (*prepare)(T&), const Arguments&... arguments)
@@ -215,6 +510,13 @@ void fillGroup(KpcGroup& group)
     group.addChild(newChild<KpaFSDirectory>("FOLDER", requireFolder));
     group.addChild(newChild<KpaString>("FLEETING", trim));
     group.getChild("FLEETING")->setVolatile(true);
+    group.addChild(newChild<KpaVectorInt>("NODES", bound));
+    group.addChild(newChild<KpaDirection>("COURSE", point));
+    group.addChild(newChild<KpaColor>("COLOUR", makeTransparent));
+    group.addChild(newChild<KplStringList>("TEXTS", fill));
+    KpbAParameter* constraint = rowOf("KpcConstraintDouble").make("CONSTRAINT").release();
+    constraint->setLabel("Label of CONSTRAINT");
+    group.addChild(constraint);
     group.registerWatcher(Enabler, KpwEnabler::watch(box, count));
 }
 
@@ -274,6 +576,46 @@ std::vector<Subject> statesOfClasses()
         inState<KpaFSFile>("KpaFSFile", "Filtered", filter),
         inState<KpaFSFile>("KpaFSFile", "ToSave", chooseTarget),
         inState<KpaFSDirectory>("KpaFSDirectory", "Existing", requireFolder),
+        inState<KpaVectorDouble>("KpaVectorDouble", "Bounded", bound),
+        inState<KpaVectorDouble>("KpaVectorDouble", "OfTwo", flatten),
+        inState<KpaVectorDouble>("KpaVectorDouble", "Linked", linkAll),
+        inState<KpaVectorDouble>("KpaVectorDouble", "Automatic", makeAutomatic),
+        inState<KpaVectorInt>("KpaVectorInt", "Bounded", bound),
+        inState<KpaRotation>("KpaRotation", "Turned", turn),
+        inState<KpaRotation>("KpaRotation", "InPlane", turnInPlane),
+        inState<KpaDirection>("KpaDirection", "Pointing", point),
+        inState<KpaDirection>("KpaDirection", "InPlane", pointInPlane),
+        inState<KpaPlaneOrientation>("KpaPlaneOrientation", "Tilted", tilt),
+        inState<KpaSystemOrientation>("KpaSystemOrientation", "Tilted", tilt),
+        inState<KpaMatrixSymmetrical>("KpaMatrixSymmetrical", "Definite", wantDefinite),
+        inState<KpaMatrixSymmetrical>("KpaMatrixSymmetrical", "Constrained", constrain),
+        inState<KpaMatrixSymmetrical>("KpaMatrixSymmetrical", "Bounded", bound),
+        inState<KpaCoordSystem>("KpaCoordSystem", "Projected", project),
+        inState<KpaColor>("KpaColor", "Transparent", makeTransparent),
+        inState<KpaColor>("KpaColor", "Opaque", makeOpaque),
+        inState<KpaPalette>("KpaPalette", "Chosen", choose),
+        inState<KpaLineStyle>("KpaLineStyle", "WithABorder", drawBorder),
+        inState<KpaSymbol>("KpaSymbol", "WithABorder", drawBorder),
+        inState<KpaSymbol3D>("KpaSymbol3D", "Large", enlarge),
+        inState<KpaCatalogDefinition_old>("KpaCatalogDefinition_old", "Filled", fill),
+        inState<KplBoolList>("KplBoolList", "Filled", fill),
+        inState<KplIntegerList>("KplIntegerList", "Filled", fill),
+        inState<KplDoubleList>("KplDoubleList", "Filled", fill),
+        inState<KplDoubleList>("KplDoubleList", "WithGaps", removeFromTheMiddle),
+        inState<KplDoubleList>("KplDoubleList", "OfFixedSize", fixSize),
+        inState<KplDoubleList>("KplDoubleList", "Unique", makeUnique),
+        inState<KplDoubleList>("KplDoubleList", "Automatic", makeAutomatic),
+        inState<KplDoubleList>("KplDoubleList", "OfAutomaticItems", makeItemsAutomatic),
+        inState<KplUnitList>("KplUnitList", "Filled", fill),
+        inState<KplEnumList>("KplEnumList", "Filled", fill),
+        inState<KplStringList>("KplStringList", "Filled", fill),
+        inState<KplRotationList>("KplRotationList", "Filled", fill),
+        inState<KplMatrixSymmetricalList>("KplMatrixSymmetricalList", "Filled", fill),
+        inState<KplColorList>("KplColorList", "Filled", fill),
+        inState<KpcGroupList>("KpcGroupList", "Filled", fill),
+        inState<KpcConstraintDouble>("KpcConstraintDouble", "Unknown", constrain),
+        inState<KpcConstraintDouble>("KpcConstraintDouble", "Bounded", boundBelow),
+        inState<KpcVectorConstraintDouble>("KpcVectorConstraintDouble", "Linked", link),
         inState<KpcGroup>("KpcGroup", "Filled", fillGroup),
         inState<KpcGroup>("KpcFiche", "Filled", fillGroup),
         inState<KpcGroup>("KpcBasicFiche", "Filled", fillGroup),
@@ -314,4 +656,14 @@ std::unique_ptr<KpbAParameter> SubjectTest::makeChanged() const
 bool GroupClass::concerns(const KpbAParameter& parameter)
 {
     return dynamic_cast<const KpcGroup*>(&parameter) != nullptr;
+}
+
+bool CompositeClass::concerns(const KpbAParameter& parameter)
+{
+    return isMadeOfOthers(parameter) && !isList(parameter);
+}
+
+bool ListClass::concerns(const KpbAParameter& parameter)
+{
+    return isList(parameter);
 }

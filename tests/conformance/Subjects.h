@@ -50,6 +50,20 @@ struct GroupClass : SubjectTest
     static bool concerns(const KpbAParameter& parameter);
 };
 
+/// What every composite has to pass.
+struct CompositeClass : SubjectTest
+{
+    using SubjectTest::SubjectTest;
+    static bool concerns(const KpbAParameter& parameter);
+};
+
+/// What every list has to pass.
+struct ListClass : SubjectTest
+{
+    using SubjectTest::SubjectTest;
+    static bool concerns(const KpbAParameter& parameter);
+};
+
 /// What classes have to pass that have had no other form.
 struct ClassOfOneVersion : SubjectTest
 {

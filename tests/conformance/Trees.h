@@ -4,6 +4,7 @@
 #include <QtCore/QStringList>
 
 #include <param/KpsSerializer.h>
+#include <param/composite/KpcAbstractList.h>
 #include <param/composite/KpcGroup.h>
 #include <util/KuxXml.h>
 
@@ -25,6 +26,23 @@ inline QList<KpbAParameter*> allBelow(KpbAParameter& root)
     return allOf(root).mid(1);
 }
 
+inline bool isList(const KpbAParameter& parameter)
+{
+    return dynamic_cast<const KpcAbstractList*>(&parameter) != nullptr;
+}
+
+/// Composites and lists, which have no value of their own.
+inline bool isMadeOfOthers(const KpbAParameter& parameter)
+{
+    return isList(parameter) || dynamic_cast<const KpcAComposite*>(&parameter);
+}
+
+/// Whether the parameter is there because something made it an item of a list, and not its class.
+inline bool isItem(const KpbAParameter& parameter)
+{
+    return parameter.getParent() && isList(*parameter.getParent());
+}
+
 /// The keys that lead to the parameter, for messages.
 inline std::string placeOf(const KpbAParameter& parameter)
 {
@@ -41,6 +59,18 @@ inline KpbAParameter& counterpart(const KpbAParameter& parameter, KpbAParameter&
 {
     return parameter.getParent() ? *counterpart(*parameter.getParent(), otherRoot).getChild(parameter.getKey())
                                  : otherRoot;
+}
+
+/// The only entry as it stands, several ones with their names: "v1=10 v2=20.5 v3=0".
+inline QString formOf(const KpbAParameter& parameter)
+{
+    const KpbAParameter::SerialForm form = parameter.serialize();
+    if (form.keys() == QList<QString>{"value"})
+        return form.value("value");
+    QStringList texts;
+    for (const auto& entry : form)
+        texts.append(entry.key + '=' + entry.value);
+    return texts.join(' ');
 }
 
 /// All that is known of a tree but where it lies in memory.

@@ -6,6 +6,7 @@
 #include <cli/Output.h>
 #include <command/Command.h>
 #include <demo/DemoSession.h>
+#include <demo/ModelSession.h>
 
 namespace {
 
@@ -14,7 +15,9 @@ ExitCode runIn(const QString& folder, Output& output)
     DemoReport report(output);
     if (!QDir().mkpath(folder))
         throw Failure(ExitCode::OutputFailed, "The folder cannot be made.", folder);
-    DemoSession(folder, report).run();
+    const QString storeFile = QDir(folder).filePath("demo.kestrin");
+    DemoSession(storeFile, report).run();
+    ModelSession(storeFile, report).run();
     return report.finish();
 }
 
@@ -25,6 +28,7 @@ ExitCode runDemo(const QStringList& arguments, Output& output)
     CommandLine line("demo",
                      "Builds a task form as a tree of parameters, changes it, shows the records that reach the\n"
                      "root, saves the form in a store, opens it again, and reads documents of older versions.\n"
+                     "Then a form of vectors, orientations, constraints, drawings and lists, and its watchers.\n"
                      "Each step is held against what it must give; the code is 0 only if all gave it, else 1.");
     line.addArgument("DIR", "the folder of the store, which stays there; else a temporary one, which is removed",
                      CommandLine::Optional);

@@ -17,26 +17,31 @@ using Records = QVector<QVector<RecordEntry>>;
 /// One assignment, with the records that reached an observer of the root meanwhile.
 struct Change
 {
-    Assignment assignment;
-    ValueReading reading;
-    QString stored;
+    QString asked;
+    AssignmentResult result;
     Records records;
 
-    bool isAsAsked() const { return reading == ValueReading::Same || reading == ValueReading::Respelled; }
+    bool isAsAsked() const { return result.reading == ValueReading::Same || result.reading == ValueReading::Respelled; }
 };
 
 Change apply(const Assignment& assignment, KpbAParameter& root)
 {
-    Change change{assignment, ValueReading::Same, QString(), {}};
+    Change change{assignment.getText(), {}, {}};
     const RecordListener listener(root, [&](const QVector<RecordEntry>& record) { change.records.append(record); });
-    change.reading = assignment.apply();
-    change.stored = assignment.getStoredText();
+    change.result = assignment.apply();
     return change;
+}
+
+QString storedText(const AssignmentResult& result)
+{
+    if (result.stored)
+        return SafeText::inLine(*result.stored);
+    return result.reading == ValueReading::Refused ? QStringLiteral("(dropped)") : QStringLiteral("(gone)");
 }
 
 void printText(const Change& change, Output& output)
 {
-    output.print(SafeText::inLine(change.assignment.path) + QStringLiteral(" = ") + SafeText::inLine(change.stored));
+    output.print(SafeText::inLine(change.result.path) + QStringLiteral(" = ") + storedText(change.result));
     for (const auto& record : change.records)
         output.print(QStringLiteral("  record: ") + SafeText::inLine(recordText(record)));
     if (change.records.isEmpty())
@@ -54,28 +59,33 @@ QJsonObject changeJson(const Change& change)
                 QJsonObject{{"path", entry.path}, {"flags", int(entry.flags)}, {"changed", flagsText(entry.flags)}});
         records.append(entries);
     }
-    return {{"path", change.assignment.path},
-            {"asked", change.assignment.text},
-            {"stored", change.stored},
-            {"result", results[int(change.reading)]},
+    const AssignmentResult& result = change.result;
+    return {{"path", result.path},
+            {"asked", change.asked},
+            {"stored", result.stored ? QJsonValue(*result.stored) : QJsonValue()},
+            {"result", results[int(result.reading)]},
             {"records", records}};
 }
 
 void reportRefusal(const Change& change, Output& output)
 {
-    const char* format =
-        change.reading == ValueReading::Refused ? "%1: %2 was refused; %3 stands." : "%1: %2 was repaired to %3.";
-    output.printMessage(QString::fromLatin1(format).arg(SafeText::inLine(change.assignment.path),
-                                                        SafeText::quoted(change.assignment.text),
-                                                        SafeText::quoted(change.stored)));
+    const AssignmentResult& result = change.result;
+    const QString asked = SafeText::inLine(result.path) + QStringLiteral(": ") + SafeText::quoted(change.asked);
+    if (!result.stored)
+        output.printMessage(asked + QStringLiteral(" was refused; the list has it already."));
+    else if (result.reading == ValueReading::Refused)
+        output.printMessage(asked + QStringLiteral(" was refused; %1 stands.").arg(SafeText::quoted(*result.stored)));
+    else
+        output.printMessage(asked + QStringLiteral(" was repaired to %1.").arg(SafeText::quoted(*result.stored)));
 }
 
-QVector<Assignment> parseAssignments(const QStringList& arguments, KpbAParameter& root)
+/// Each assignment is understood in the state that the ones before it have made.
+QVector<Change> applyAll(const QStringList& arguments, KpbAParameter& root)
 {
-    QVector<Assignment> assignments;
+    QVector<Change> changes;
     for (const QString& argument : arguments)
-        assignments.append(Assignment::parse(argument, root));
-    return assignments;
+        changes.append(apply(Assignment::parse(argument, root), root));
+    return changes;
 }
 
 } // namespace
@@ -86,9 +96,11 @@ ExitCode runSet(const QStringList& arguments, Output& output)
                      "Changes values of a stored form, one after the other, and prints the modification records\n"
                      "as they reach an observer of the root.");
     line.addNote(
-        "VALUE is written as it is stored: numbers in the storage unit, items by key, yes or no. Where one is\n"
-        "refused or repaired, or the class does not take something in the document over as it stands,\n"
-        "nothing is written, and the code is 1; with --force it is written all the same.");
+        "VALUE is written as it is stored: numbers in the storage unit, items by key, yes or no. PATH/ENTRY is one\n"
+        "entry of a value that has several, such as v2 of a vector. LIST/+=VALUE adds an item to a list, or one as\n"
+        "built where VALUE is empty; LIST/-=KEY takes the item of that key out. Each assignment sees what those\n"
+        "before it have made. Where a value is refused or repaired, or the class does not take something in the\n"
+        "document over as it stands, nothing is written, and the code is 1; with --force it is written all the same.");
     line.addRequiredOption(CommandLine::asOption());
     line.addArgument("FILE", "the document, or - for the standard input");
     line.addArgument("PATH=VALUE", "the keys below the root, joined by /, and the new value", CommandLine::OneOrMore);
@@ -103,8 +115,7 @@ ExitCode runSet(const QStringList& arguments, Output& output)
 
     bool asAsked = reading.findings.isEmpty();
     QJsonArray changes;
-    for (const Assignment& assignment : parseAssignments(line.getArgumentsFrom(1), *reading.parameter)) {
-        const Change change = apply(assignment, *reading.parameter);
+    for (const Change& change : applyAll(line.getArgumentsFrom(1), *reading.parameter)) {
         if (line.isSet("json"))
             changes.append(changeJson(change));
         else

@@ -2,6 +2,7 @@
 
 #include <cli/Output.h>
 #include <cli/SafeText.h>
+#include <tree/RecordListener.h>
 
 #include <exception>
 
@@ -60,6 +61,18 @@ void DemoReport::expect(const QString& what, bool isSo)
         show(QStringLiteral("ok  ") + SafeText::inLine(what));
     else
         _fail(QStringLiteral("it is not so that: ") + SafeText::inLine(what));
+}
+
+void DemoReport::expectRecords(const KpbAParameter& root, const QString& what, const std::function<void()>& change,
+                               const QStringList& records)
+{
+    QStringList heard;
+    const RecordListener listener(root,
+                                  [&](const QVector<RecordEntry>& entries) { heard.append(recordText(entries)); });
+    startPart(what);
+    change();
+    for (int i = 0; i < std::max(heard.size(), records.size()); ++i)
+        expect("record", heard.value(i, "none"), records.value(i, "none"));
 }
 
 void DemoReport::_fail(const QString& message)

@@ -6,6 +6,7 @@
 
 #include <functional>
 
+class KpbAParameter;
 class Output;
 
 /// Prints the demonstration step by step and remembers which steps did not give what they must.
@@ -24,6 +25,11 @@ public:
     /// Prints what is so, and fails the step where it is not what it must be.
     void expect(const QString& what, const QString& got, const QString& expected);
     void expect(const QString& what, bool isSo);
+
+    /// Makes a change, as a part of the step, and holds the records that reach `root`, each as a line, against those
+    /// that must.
+    void expectRecords(const KpbAParameter& root, const QString& what, const std::function<void()>& change,
+                       const QStringList& records);
 
     /// Prints the last line and gives the program's code.
     ExitCode finish();

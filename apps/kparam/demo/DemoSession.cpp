@@ -1,8 +1,5 @@
 #include <demo/DemoSession.h>
 
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
-
 #include <cli/SafeText.h>
 #include <demo/DemoLookup.h>
 #include <demo/OldDocuments.h>
@@ -17,7 +14,6 @@
 #include <param/atomic/KpaString.h>
 #include <tree/ParameterPath.h>
 #include <tree/ParameterTable.h>
-#include <tree/RecordListener.h>
 
 namespace {
 
@@ -37,10 +33,7 @@ QString yesNo(bool b)
 
 } // namespace
 
-DemoSession::DemoSession(const QString& folder, DemoReport& report)
-    : _storeFile(QDir(folder).filePath("demo.kestrin")),
-      _report(report)
-{}
+DemoSession::DemoSession(const QString& storeFile, DemoReport& report) : _report(report), _store(storeFile) {}
 
 DemoSession::~DemoSession() = default;
 
@@ -60,24 +53,13 @@ void DemoSession::run()
 
 void DemoSession::_build()
 {
-    _task = std::make_unique<DemoTask>(formKey, _context);
+    _task = std::make_unique<DemoTask>(formKey, _store.getContext());
     _report.show(treeText(*_task) + QLatin1Char('\n'));
     _report.expect("parameters", QString::number(countParameters(*_task)), "21");
     _report.expect("version", QString::number(_task->getVersion()), "3");
     _report.expect("SEARCH/RADIUS, which follows the method", storedText(*_task, "SEARCH/RADIUS"), "100");
     _report.expect("SEARCH/RADIUS is automatic", yesNo(lookUp(*_task, "SEARCH/RADIUS").isAutomatic()), "yes");
     _report.expect("SEED is enabled", yesNo(lookUp(*_task, "SEED").isEnabled()), "no");
-}
-
-void DemoSession::_changeOne(const QString& what, const std::function<void()>& change, const QStringList& records)
-{
-    QStringList heard;
-    const RecordListener listener(*_task,
-                                  [&](const QVector<RecordEntry>& entries) { heard.append(recordText(entries)); });
-    _report.startPart(what);
-    change();
-    for (int i = 0; i < std::max(heard.size(), records.size()); ++i)
-        _report.expect("record", heard.value(i, "none"), records.value(i, "none"));
 }
 
 void DemoSession::_change()
@@ -87,53 +69,53 @@ void DemoSession::_change()
     auto& azimuth = lookUp<KpaDouble>(*_task, "SEARCH/AZIMUTH");
     auto& name = lookUp<KpaString>(*_task, "NAME");
 
-    _changeOne("The method becomes NEAREST, and a trigger sets the automatic radius:",
-               [&] { method.setItemFromKey("NEAREST"); }, {"METHOD value", "SEARCH/RADIUS value, config"});
+    _expectRecords("The method becomes NEAREST, and a trigger sets the automatic radius:",
+                   [&] { method.setItemFromKey("NEAREST"); }, {"METHOD value", "SEARCH/RADIUS value, config"});
     _report.expect("radius", storedText(*_task, "SEARCH/RADIUS"), "50");
 
-    _changeOne("A radius of 0.2 m is below the minimum, and any choice ends the automatic mode:",
-               [&] { radius.setValue(0.2); }, {"SEARCH/RADIUS value, config"});
+    _expectRecords("A radius of 0.2 m is below the minimum, and any choice ends the automatic mode:",
+                   [&] { radius.setValue(0.2); }, {"SEARCH/RADIUS value, config"});
     _report.expect("radius", storedText(*_task, "SEARCH/RADIUS"), "1");
 
-    _changeOne("A radius of 250 m fits:", [&] { radius.setValue(250.0); }, {"SEARCH/RADIUS value"});
+    _expectRecords("A radius of 250 m fits:", [&] { radius.setValue(250.0); }, {"SEARCH/RADIUS value"});
 
-    _changeOne("An azimuth of 400 degrees wraps around:", [&] { azimuth.setValue(400.0); }, {"SEARCH/AZIMUTH value"});
+    _expectRecords("An azimuth of 400 degrees wraps around:", [&] { azimuth.setValue(400.0); },
+                   {"SEARCH/AZIMUTH value"});
     _report.expect("azimuth", storedText(*_task, "SEARCH/AZIMUTH"), "40");
 
-    _changeOne("The name 42! is refused, and views of it are told to fall back:", [&] { name.setValue("42!"); },
-               {"NAME value"});
+    _expectRecords("The name 42! is refused, and views of it are told to fall back:", [&] { name.setValue("42!"); },
+                   {"NAME value"});
     _report.expect("name", name.getValue(), "Run 1");
 
-    _changeOne("Random order is switched on, and a watcher enables the seed:",
-               [&] { lookUp<KpaBool>(*_task, "RANDOM_PATH").setValue(true); }, {"RANDOM_PATH value", "SEED config"});
+    _expectRecords("Random order is switched on, and a watcher enables the seed:",
+                   [&] { lookUp<KpaBool>(*_task, "RANDOM_PATH").setValue(true); },
+                   {"RANDOM_PATH value", "SEED config"});
 
-    _changeOne("The box of a checkable group is checked, and its content is enabled with it:",
-               [&] { lookUp<KpaBool>(*_task, "TRIMMING/USE_TRIMMING").setValue(true); },
-               {"TRIMMING/TRIMMING_GROUP config; TRIMMING/TRIMMING_GROUP/UPPER_LIMIT config; "
-                "TRIMMING/USE_TRIMMING value"});
+    _expectRecords("The box of a checkable group is checked, and its content is enabled with it:",
+                   [&] { lookUp<KpaBool>(*_task, "TRIMMING/USE_TRIMMING").setValue(true); },
+                   {"TRIMMING/TRIMMING_GROUP config; TRIMMING/TRIMMING_GROUP/UPPER_LIMIT config; "
+                    "TRIMMING/USE_TRIMMING value"});
 }
 
 void DemoSession::_changeInBatch()
 {
-    _changeOne("Name, statistics and number of samples change together:",
-               [this] {
-                   KuoLock<KpnModif> lock(_task.get());
-                   lookUp<KpaString>(*_task, "NAME").setValue("Run 2");
-                   lookUp<KpaFlags>(*_task, "STATISTICS").setFlagFromKey("MEAN", true);
-                   lookUp<KpaInteger>(*_task, "SEARCH/MAX_SAMPLES").setValue(32);
-                   lock.commit();
-               },
-               {"NAME value; SEARCH/MAX_SAMPLES value; STATISTICS value"});
+    _expectRecords("Name, statistics and number of samples change together:",
+                   [this] {
+                       KuoLock<KpnModif> lock(_task.get());
+                       lookUp<KpaString>(*_task, "NAME").setValue("Run 2");
+                       lookUp<KpaFlags>(*_task, "STATISTICS").setFlagFromKey("MEAN", true);
+                       lookUp<KpaInteger>(*_task, "SEARCH/MAX_SAMPLES").setValue(32);
+                       lock.commit();
+                   },
+                   {"NAME value; SEARCH/MAX_SAMPLES value; STATISTICS value"});
     _report.startPart(QString());
     _report.show(treeText(*_task));
 }
 
 void DemoSession::_save()
 {
-    _project = QFileInfo::exists(_storeFile) ? KssProject::open(_storeFile) : KssProject::create(_storeFile);
-    _context.project = _project.get();
-    const KpsSerializer serializer(_project.get());
-    _report.show(QStringLiteral("store: ") + SafeText::inLine(_storeFile));
+    const KpsSerializer serializer(_store.open());
+    _report.show(QStringLiteral("store: ") + SafeText::inLine(_store.getFile()));
     serializer.saveFiche(_task.get(), _task->getKeyParameters());
     _report.expect("identifier", _task->getKey(), "ESTIMATION");
     _report.expect("fiche key", serializer.buildFicheKey(_task->getKeyParameters()),
@@ -145,12 +127,8 @@ void DemoSession::_save()
 
 void DemoSession::_reopen()
 {
-    _context.project = nullptr;
-    _project.reset();
-    _project = KssProject::open(_storeFile);
-    _context.project = _project.get();
-    const KpsSerializer serializer(_project.get());
-    DemoTask fresh(formKey, _context);
+    const KpsSerializer serializer(_store.open());
+    DemoTask fresh(formKey, _store.getContext());
     lookUp<KpaEnum>(fresh, "METHOD").setItemFromKey("NEAREST");
     lookUp<KpaString>(fresh, "NAME").setValue("Run 9");
     _report.expect("there is no form of Run 9", !serializer.loadFiche(&fresh, fresh.getKeyParameters()));

@@ -24,10 +24,16 @@ struct OldDocument
     QStringList absent;
 };
 
-FormReading readSample(const QString& name)
+FormReading readSample(const QString& name, const QString& className = QStringLiteral("DemoTask"))
 {
     const QByteArray bytes = readBytes(QStringLiteral(":/samples/") + name, inputLimits().maxBytes);
-    return readForm(parseDocument(bytes, name), requireClass("DemoTask"));
+    return readForm(parseDocument(bytes, name), requireClass(className));
+}
+
+void expectValues(const FormReading& reading, const QVector<ExpectedValue>& values, DemoReport& report)
+{
+    for (const ExpectedValue& value : values)
+        report.expect(value.path, storedText(*reading.parameter, value.path), value.text);
 }
 
 void readOldDocument(const OldDocument& expected, DemoReport& report)
@@ -38,8 +44,7 @@ void readOldDocument(const OldDocument& expected, DemoReport& report)
     for (int i = 0; i < std::max(reading.conversion.size(), expected.steps.size()); ++i)
         report.expect("migrated", i < reading.conversion.size() ? reading.conversion[i].toString() : "nothing",
                       expected.steps.value(i, "nothing"));
-    for (const ExpectedValue& value : expected.values)
-        report.expect(value.path, storedText(*reading.parameter, value.path), value.text);
+    expectValues(reading, expected.values, report);
     report.expect("left as built", reading.absent.join(", "), expected.absent.join(", "));
     report.expect("nothing was lost", reading.findings.isEmpty());
     report.expect("it is written in version 3", createBytes(*reading.parameter, true).contains("version=\"3\""));
@@ -81,6 +86,18 @@ void readOldDocuments(DemoReport& report)
                      {"NAME", "SAMPLES_FILE", "RESULT_FOLDER", "SEARCH", "TRIMMING", "RANDOM_PATH", "SEED",
                       "STATISTICS", "REPORT_UNIT"}},
                     report);
+}
+
+void readOldRotations(DemoReport& report)
+{
+    const FormReading reading = readSample("kparam-demo-old-rotations.xml", "DemoModel");
+    report.show("Angles about the axes, and the angles of a convention where a direction is meant:");
+    expectValues(reading,
+                 {{"GRID/ROTATION", "conv_id=0 conv_string=+Z+Y+X a1=30 a2=0 a3=0"},
+                  {"STRUCTURE/SHOOTS", "azimuth=30 plunge=12.5"},
+                  {"STRUCTURE/LAYERS", "dip=40 dipAzimuth=120"}},
+                 report);
+    report.expect("nothing was lost", reading.findings.isEmpty());
 }
 
 void readBadDocuments(DemoReport& report)

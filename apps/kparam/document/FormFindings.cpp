@@ -1,8 +1,11 @@
 #include <document/FormFindings.h>
 
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+
 #include <cli/SafeText.h>
 #include <document/ValueReading.h>
-#include <tree/ParameterPath.h>
+#include <param/composite/KpcAbstractList.h>
 #include <util/KuxXml.h>
 
 namespace {
@@ -11,11 +14,6 @@ using Form = KpbAParameter::SerialForm;
 
 const QString paramTag = QStringLiteral("param");
 const QString keyAttribute = QStringLiteral("key");
-
-QString below(const QString& path, const QString& key)
-{
-    return path == QLatin1String(".") ? key : path + QLatin1Char('/') + key;
-}
 
 /// The only entry as it stands, several ones with their names.
 QString entriesText(const Form& form)
@@ -26,12 +24,6 @@ QString entriesText(const Form& form)
     for (const auto& entry : form)
         texts.append(SafeText::inLine(entry.key) + QLatin1Char(' ') + SafeText::quoted(entry.value));
     return texts.isEmpty() ? QStringLiteral("''") : texts.join(QStringLiteral(", "));
-}
-
-/// Texts of older versions came line by line.
-bool isKnownEntry(const KpbAParameter& parameter, const Form& form, const QString& name)
-{
-    return form.contains(name) || (parameter.isA(KpbEType::STRING) && name.startsWith(QLatin1String("line")));
 }
 
 bool hasOwnText(const QDomElement& element)
@@ -62,32 +54,38 @@ QJsonObject Finding::toJson() const
     return {{"kind", getKindName()}, {"path", path}, {"line", place.line}, {"column", place.column}, {"text", text}};
 }
 
-FormSnapshot takeSnapshot(const KpbAParameter& root)
+QString FormFindings::Place::below(const QString& key) const
 {
-    FormSnapshot snapshot;
-    forEachParameter(root, [&](const KpbAParameter& parameter) { snapshot.insert(&parameter, parameter.serialize()); });
-    return snapshot;
+    return path == QLatin1String(".") ? key : path + QLatin1Char('/') + key;
 }
 
-FormFindings::FormFindings(const QDomElement& element, const KpbAParameter& root, const FormSnapshot& before)
-    : _before(before)
+FormFindings::FormFindings(const QDomElement& element, const KpbAParameter& root, const KpbAParameter& former)
 {
-    _collect(element, root, QStringLiteral("."));
+    _collect(element, {root, former, QStringLiteral(".")});
 }
 
-void FormFindings::_collect(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_collect(const QDomElement& element, const Place& place)
 {
-    if (!_isRead(element, parameter, path))
+    if (_isRead(element, place))
+        _compare(element, place);
+}
+
+void FormFindings::_compare(const QDomElement& element, const Place& place)
+{
+    _checkAttributes(element, place);
+    _checkEntries(element, place);
+    _checkValue(element, place);
+    if (dynamic_cast<const KpcAbstractList*>(&place.parameter)) {
+        _collectItems(element, place);
         return;
-    _checkAttributes(element, parameter, path);
-    _checkEntries(element, parameter, path);
-    _checkValue(element, parameter, path);
-    _collectAbsent(element, parameter, path);
-    _collectChildren(element, parameter, path);
+    }
+    _collectAbsent(element, place);
+    _collectChildren(element, place);
 }
 
-bool FormFindings::_isRead(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+bool FormFindings::_isRead(const QDomElement& element, const Place& place)
 {
+    const auto& [parameter, former, path] = place;
     const int version = element.attribute("version", "1").toInt();
     if (parameter.isVolatile())
         _add(Finding::Ignored, element, path, QStringLiteral("the parameter is not stored, and is not read"));
@@ -99,8 +97,9 @@ bool FormFindings::_isRead(const QDomElement& element, const KpbAParameter& para
     return false;
 }
 
-void FormFindings::_checkAttributes(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_checkAttributes(const QDomElement& element, const Place& place)
 {
+    const auto& [parameter, former, path] = place;
     const bool isTask = element.tagName() == QLatin1String("task");
     const QStringList known{isTask ? QStringLiteral("id") : keyAttribute, "version", "automatic"};
     const QDomNamedNodeMap attributes = element.attributes();
@@ -124,32 +123,34 @@ void FormFindings::_checkAttributes(const QDomElement& element, const KpbAParame
              QStringLiteral("task %1 became %2").arg(SafeText::quoted(id), SafeText::quoted(parameter.toString())));
 }
 
-void FormFindings::_checkEntries(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_checkEntries(const QDomElement& element, const Place& place)
 {
     const bool isTask = element.tagName() == QLatin1String("task");
-    const Form known = isTask ? Form() : parameter.serialize();
+    const Form known = isTask ? Form() : place.parameter.serialize();
+    const Form stored = entriesOf(element);
     QDomElement child = element.firstChildElement();
     if (hasOwnText(element) && (!child.isNull() || known.isEmpty()))
-        _add(Finding::Unknown, element, path, QStringLiteral("a text that nothing reads"));
+        _add(Finding::Unknown, element, place.path, QStringLiteral("a text that nothing reads"));
     for (; !child.isNull(); child = child.nextSiblingElement()) {
-        if (child.tagName() != paramTag && !isKnownEntry(parameter, known, child.tagName()))
-            _add(Finding::Unknown, child, path, QStringLiteral("entry %1").arg(SafeText::quoted(child.tagName())));
+        if (child.tagName() != paramTag && !isEntryRead(place.parameter, known, stored, child.tagName()))
+            _add(Finding::Unknown, child, place.path,
+                 QStringLiteral("entry %1").arg(SafeText::quoted(child.tagName())));
     }
 }
 
-void FormFindings::_checkValue(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_checkValue(const QDomElement& element, const Place& place)
 {
-    const Form now = parameter.serialize();
+    const Form now = place.parameter.serialize();
     if (now.isEmpty())
         return;
     const Form stored = entriesOf(element);
-    switch (judgeReading(parameter, stored, _before.value(&parameter))) {
+    switch (judgeReading(place.parameter, stored, place.former)) {
     case ValueReading::Refused:
-        _add(Finding::Refused, element, path,
+        _add(Finding::Refused, element, place.path,
              QStringLiteral("%1; %2 stands").arg(entriesText(stored), entriesText(now)));
         break;
     case ValueReading::Repaired:
-        _add(Finding::Repaired, element, path,
+        _add(Finding::Repaired, element, place.path,
              QStringLiteral("%1 became %2").arg(entriesText(stored), entriesText(now)));
         break;
     default:
@@ -157,7 +158,7 @@ void FormFindings::_checkValue(const QDomElement& element, const KpbAParameter& 
     }
 }
 
-void FormFindings::_collectChildren(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_collectChildren(const QDomElement& element, const Place& place)
 {
     QHash<QString, QDomElement> last;
     for (QDomElement child = element.firstChildElement(paramTag); !child.isNull();
@@ -166,28 +167,96 @@ void FormFindings::_collectChildren(const QDomElement& element, const KpbAParame
     for (QDomElement child = element.firstChildElement(paramTag); !child.isNull();
          child = child.nextSiblingElement(paramTag))
     {
-        const QString key = child.attribute(keyAttribute);
-        const QString childPath = below(path, key);
-        const KpbAParameter* found = child.hasAttribute(keyAttribute) ? parameter.getChild(key) : nullptr;
-        if (!found)
-            _add(Finding::Unknown, child, childPath, QStringLiteral("there is no such parameter"));
-        else if (last.value(key) != child)
-            _add(Finding::Repeated, child, childPath, QStringLiteral("a later element has the same key"));
+        if (last.value(child.attribute(keyAttribute)) == child || !child.hasAttribute(keyAttribute))
+            _collectChild(child, place);
         else
-            _collect(child, *found, childPath);
+            _add(Finding::Repeated, child, place.below(child.attribute(keyAttribute)),
+                 QStringLiteral("a later element has the same key"));
     }
 }
 
-void FormFindings::_collectAbsent(const QDomElement& element, const KpbAParameter& parameter, const QString& path)
+void FormFindings::_collectChild(const QDomElement& element, const Place& place)
+{
+    const QString key = element.attribute(keyAttribute);
+    const KpbAParameter* child = element.hasAttribute(keyAttribute) ? place.parameter.getChild(key) : nullptr;
+    const KpbAParameter* former = child ? place.former.getChild(key) : nullptr;
+    if (child && former)
+        _collect(element, {*child, *former, place.below(key)});
+    else
+        _add(Finding::Unknown, element, place.below(key), QStringLiteral("there is no such parameter"));
+}
+
+void FormFindings::_collectItems(const QDomElement& element, const Place& place)
+{
+    const auto& list = dynamic_cast<const KpcAbstractList&>(place.parameter);
+    list.isResizable() ? _collectItemsByKey(element, place, list) : _collectItemsByPosition(element, place, list);
+}
+
+// The list has made an item of each element, unless it has the value already and is to have it once.
+void FormFindings::_collectItemsByKey(const QDomElement& element, const Place& place, const KpcAbstractList& list)
+{
+    int rank = 0;
+    for (QDomElement child = element.firstChildElement(paramTag); !child.isNull();
+         child = child.nextSiblingElement(paramTag))
+    {
+        const QString key = child.attribute(keyAttribute);
+        const KpbAParameter* item = list.getAbstractItemAt(rank);
+        const bool isTheirs = item && (key.isEmpty() || item->getKey() == key);
+        if (!isTheirs && list.needToUnserializeAtomicItems()) {
+            _add(Finding::Repeated, child, place.below(key), QStringLiteral("an earlier item has the same value"));
+            continue;
+        }
+        _collectItem(child, place, isTheirs ? item : nullptr);
+        ++rank;
+    }
+}
+
+// Each node has its position, whatever it is.
+void FormFindings::_collectItemsByPosition(const QDomElement& element, const Place& place, const KpcAbstractList& list)
+{
+    QSet<int> present;
+    int position = 0;
+    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling(), ++position) {
+        if (node.toElement().tagName() != paramTag)
+            continue;
+        present.insert(position);
+        _collectItem(node.toElement(), place, list.getAbstractItemAt(position));
+    }
+    for (int i = 0; i < list.getItemCount(); ++i) {
+        if (!present.contains(i))
+            _absent.append(place.below(list.getAbstractItemAt(i)->getKey()));
+    }
+}
+
+void FormFindings::_collectItem(const QDomElement& element, const Place& place, const KpbAParameter* item)
+{
+    const QString key = element.attribute(keyAttribute);
+    if (!item) {
+        _add(Finding::Unknown, element, place.below(key), QStringLiteral("there is no such item"));
+        return;
+    }
+    const QString path = place.below(item->getKey());
+    if (item->getKey() != key)
+        _add(Finding::Repaired, element, path,
+             QStringLiteral("key %1 became %2").arg(SafeText::quoted(key), SafeText::quoted(item->getKey())));
+    // A new item was what the prototype is.
+    const auto& formerList = dynamic_cast<const KpcAbstractList&>(place.former);
+    const KpbAParameter* former = formerList.getChild(item->getKey());
+    const Place itemPlace{*item, former ? *former : *formerList.getAbstractPrototype(), path};
+    // Read all at once, items are read whatever their version is.
+    formerList.needToUnserializeAtomicItems() ? _compare(element, itemPlace) : _collect(element, itemPlace);
+}
+
+void FormFindings::_collectAbsent(const QDomElement& element, const Place& place)
 {
     QSet<QString> present;
     for (QDomElement child = element.firstChildElement(paramTag); !child.isNull();
          child = child.nextSiblingElement(paramTag))
         present.insert(child.attribute(keyAttribute));
-    for (int i = 0; i < parameter.getChildCount(); ++i) {
-        const KpbAParameter* child = parameter.getChild(i);
+    for (int i = 0; i < place.parameter.getChildCount(); ++i) {
+        const KpbAParameter* child = place.parameter.getChild(i);
         if (child && !child->isVolatile() && !present.contains(child->getKey()))
-            _absent.append(below(path, child->getKey()));
+            _absent.append(place.below(child->getKey()));
     }
 }
 

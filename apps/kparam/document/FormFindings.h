@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QtCore/QHash>
 #include <QtCore/QJsonObject>
+#include <QtCore/QStringList>
 #include <QtCore/QVector>
 
 #include <document/ElementPlace.h>
 #include <param/KpbAParameter.h>
+
+class KpcAbstractList;
 
 /// Something in a document that a tree of parameters did not take over as it stands.
 struct Finding
@@ -32,33 +34,44 @@ struct Finding
     QJsonObject toJson() const;
 };
 
-/// The entries of each parameter of a tree.
-using FormSnapshot = QHash<const KpbAParameter*, KpbAParameter::SerialForm>;
-FormSnapshot takeSnapshot(const KpbAParameter& root);
-
 /// Compares a document that has been read with the tree that has read it.
 class FormFindings
 {
 public:
-    /// `element` is the root as the reading has left it, converted where it was older; `before` the tree's entries
+    /// `element` is the root as the reading has left it, converted where it was older; `former` the tree as it was
     /// before the reading.
-    FormFindings(const QDomElement& element, const KpbAParameter& root, const FormSnapshot& before);
+    FormFindings(const QDomElement& element, const KpbAParameter& root, const KpbAParameter& former);
 
     const QVector<Finding>& getFindings() const { return _findings; }
     /// The paths of parameters that the document does not have and that kept their state, without those below them.
     const QStringList& getAbsent() const { return _absent; }
 
 private:
-    void _collect(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    bool _isRead(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    void _checkAttributes(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    void _checkEntries(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    void _checkValue(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    void _collectChildren(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
-    void _collectAbsent(const QDomElement& element, const KpbAParameter& parameter, const QString& path);
+    /// A parameter, what it was before the reading, and the keys that lead to it.
+    struct Place
+    {
+        const KpbAParameter& parameter;
+        const KpbAParameter& former;
+        QString path;
+
+        QString below(const QString& key) const;
+    };
+
+    void _collect(const QDomElement& element, const Place& place);
+    void _compare(const QDomElement& element, const Place& place);
+    bool _isRead(const QDomElement& element, const Place& place);
+    void _checkAttributes(const QDomElement& element, const Place& place);
+    void _checkEntries(const QDomElement& element, const Place& place);
+    void _checkValue(const QDomElement& element, const Place& place);
+    void _collectChildren(const QDomElement& element, const Place& place);
+    void _collectChild(const QDomElement& element, const Place& place);
+    void _collectItems(const QDomElement& element, const Place& place);
+    void _collectItemsByKey(const QDomElement& element, const Place& place, const KpcAbstractList& list);
+    void _collectItemsByPosition(const QDomElement& element, const Place& place, const KpcAbstractList& list);
+    void _collectItem(const QDomElement& element, const Place& place, const KpbAParameter* item);
+    void _collectAbsent(const QDomElement& element, const Place& place);
     void _add(Finding::Kind kind, const QDomElement& element, const QString& path, const QString& text);
 
-    const FormSnapshot& _before;
     QVector<Finding> _findings;
     QStringList _absent;
 };

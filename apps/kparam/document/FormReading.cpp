@@ -52,7 +52,7 @@ FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row)
     reading.version = root.attribute("version", "1").toInt();
 
     const MessageLog log;
-    const FormSnapshot before = takeSnapshot(*reading.parameter);
+    const std::unique_ptr<KpbAParameter> former(reading.parameter->duplicate(QString()));
     const FormConversion conversion(root);
     try {
         apply(input, *reading.parameter);
@@ -61,7 +61,7 @@ FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row)
         fail(input, root,
              QStringLiteral("The document cannot be read as %1: %2").arg(row.name, exception.getMessage()));
     }
-    const FormFindings findings(root, *reading.parameter, before);
+    const FormFindings findings(root, *reading.parameter, *former);
     reading.conversion = conversion.getStepsTo(root);
     reading.findings = findings.getFindings();
     reading.absent = findings.getAbsent();

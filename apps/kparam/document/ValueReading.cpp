@@ -2,8 +2,10 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QUrl>
+#include <QtGui/QColor>
 
 #include <basic/MbbGlobal.h>
+#include <document/RotationReading.h>
 #include <param/KpsSerializer.h>
 #include <param/atomic/KpaEnum.h>
 #include <param/atomic/KpaString.h>
@@ -88,6 +90,96 @@ ValueReading judgePath(KusPath::Kind kind, const QString& text, const QString& n
     return now == before ? ValueReading::Refused : ValueReading::Repaired;
 }
 
+// Values of several entries
+
+bool isSameNumber(const QString& text, const QString& now)
+{
+    double number = 0;
+    constexpr int significantDigits = 10;
+    return MbbGlobal::convertString(text, number) &&
+           (KpsSerializer::fromDouble(number, 'g', significantDigits) == now ||
+            KpsSerializer::fromDouble(number, 'g', QLocale::FloatingPointShortest) == now);
+}
+
+bool isSameColor(const QString& text, const QString& now)
+{
+    return now.startsWith(QLatin1Char('#')) && QColor::isValidColor(text) && QColor(text) == QColor(now);
+}
+
+bool isSameBool(const QString& text, const QString& now)
+{
+    return judgeBool(text) == ValueReading::Respelled &&
+           KpsSerializer::fromBool(KpsSerializer::toBool(text, false)) == now;
+}
+
+/// Entries of matrices and coordinate systems are words in any case; those of catalogs were percent-encoded.
+bool isSameWord(const KpbAParameter& parameter, const QString& text, const QString& now)
+{
+    switch (parameter.getType().toEnum()) {
+    case KpbEType::EValue::MATRIX:
+    case KpbEType::EValue::COORD_SYSTEM:
+        return text.compare(now, Qt::CaseInsensitive) == 0;
+    case KpbEType::EValue::OLD_CATALOG_DEF:
+        return QUrl::fromPercentEncoding(text.toUtf8()) == now;
+    default:
+        return false;
+    }
+}
+
+bool meansTheSame(const KpbAParameter& parameter, const QString& text, const QString& now)
+{
+    return text == now || isSameNumber(text, now) || isSameColor(text, now) || isSameBool(text, now) ||
+           isSameWord(parameter, text, now);
+}
+
+bool isCategory(const KpbAParameter& parameter, const QString& name)
+{
+    return parameter.isA(KpbEType::OLD_CATALOG_DEF) && name.startsWith(QLatin1String("enum"));
+}
+
+/// What a parameter has, to look up whether it is what was stored.
+class PresentEntries
+{
+public:
+    PresentEntries(const KpbAParameter& parameter, const Form& now) : _parameter(parameter), _now(now)
+    {
+        for (const auto& entry : now) {
+            if (isCategory(parameter, entry.key))
+                _categories.insert(entry.value);
+        }
+    }
+
+    bool have(const QString& name, const QString& text) const
+    {
+        // Categories are numbered anew each time.
+        if (isCategory(_parameter, name))
+            return _categories.contains(text) || _categories.contains(QUrl::fromPercentEncoding(text.toUtf8()));
+        const QString* now = _now.find(name);
+        return now && meansTheSame(_parameter, text, *now);
+    }
+
+private:
+    const KpbAParameter& _parameter;
+    const Form& _now;
+    QSet<QString> _categories;
+};
+
+ValueReading judgeEntries(const KpbAParameter& parameter, const Form& stored, const Form& before, const Form& now)
+{
+    const PresentEntries present(parameter, now);
+    bool isRead = false;
+    bool isSame = true;
+    for (const auto& entry : stored) {
+        if (!isEntryRead(parameter, now, stored, entry.key))
+            continue;
+        isRead = true;
+        isSame = isSame && present.have(entry.key, entry.value);
+    }
+    if (isRead && isSame)
+        return ValueReading::Respelled;
+    return now == before ? ValueReading::Refused : ValueReading::Repaired;
+}
+
 bool isContained(const Form& part, const Form& whole)
 {
     return std::all_of(part.begin(), part.end(), [&](const Form::Entry& entry) {
@@ -116,6 +208,8 @@ ValueReading judgeByKind(const KpbAParameter& parameter, const Form& stored, con
         return judgePath(KusPath::File, text, nowText, beforeText);
     case KpbEType::EValue::FS_DIRECTORY:
         return judgePath(KusPath::Directory, text, nowText, beforeText);
+    case KpbEType::EValue::UNIT:
+        return now == before ? ValueReading::Refused : ValueReading::Repaired;
     default:
         break;
     }
@@ -123,7 +217,7 @@ ValueReading judgeByKind(const KpbAParameter& parameter, const Form& stored, con
         return judgeEnum(*choice, text, nowText, beforeText);
     if (const auto* string = dynamic_cast<const KpaString*>(&parameter))
         return judgeString(*string, stored, nowText);
-    return now == before ? ValueReading::Refused : ValueReading::Repaired;
+    return judgeEntries(parameter, stored, before, now);
 }
 
 } // namespace
@@ -141,11 +235,38 @@ Form entriesOf(const QDomElement& element)
     return entries;
 }
 
-ValueReading judgeReading(const KpbAParameter& parameter, const Form& stored, const Form& before)
+bool isEntryRead(const KpbAParameter& parameter, const Form& now, const Form& stored, const QString& name)
+{
+    if (const auto* rotation = dynamic_cast<const KpaRotation*>(&parameter))
+        return isRotationEntryRead(*rotation, stored, name);
+    // Texts of older versions came line by line.
+    const bool isLine = parameter.isA(KpbEType::STRING) && name.startsWith(QLatin1String("line"));
+    return isLine || isCategory(parameter, name) || now.contains(name);
+}
+
+ValueReading judgeReading(const KpbAParameter& parameter, const Form& stored, const KpbAParameter& former)
 {
     const Form now = parameter.serialize();
-    const bool isEmpty = stored.isEmpty() && now.size() == 1 && now.value(valueEntry).isEmpty();
+    const bool isEmpty = stored.isEmpty() && now.size() == 1 && now.valueAt(0).isEmpty();
     if (isEmpty || (!stored.isEmpty() && isContained(stored, now)))
         return ValueReading::Same;
-    return judgeByKind(parameter, stored, before, now);
+    if (const auto* rotation = dynamic_cast<const KpaRotation*>(&parameter))
+        return judgeRotation(*rotation, stored, dynamic_cast<const KpaRotation&>(former));
+    return judgeByKind(parameter, stored, former.serialize(), now);
+}
+
+ValueReading judgeEntry(const KpbAParameter& parameter, const Form& stored, const QString& name,
+                        const KpbAParameter& former)
+{
+    const Form now = parameter.serialize();
+    const QString text = stored.value(name);
+    if (!isEntryRead(parameter, now, stored, name))
+        return ValueReading::Refused;
+    if (now.contains(name) && now.value(name) == text)
+        return ValueReading::Same;
+    if (const auto* rotation = dynamic_cast<const KpaRotation*>(&parameter))
+        return judgeRotation(*rotation, stored, dynamic_cast<const KpaRotation&>(former));
+    if (PresentEntries(parameter, now).have(name, text))
+        return ValueReading::Respelled;
+    return now == former.serialize() ? ValueReading::Refused : ValueReading::Repaired;
 }

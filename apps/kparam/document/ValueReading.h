@@ -14,6 +14,14 @@ enum class ValueReading
 /// The entries of a "param" element as a parameter gets to see them.
 KpbAParameter::SerialForm entriesOf(const QDomElement& element);
 
-/// Compares what was stored with what `parameter`, which had the entries `before`, has now.
+/// Whether `parameter`, which has the entries `now`, takes notice of the entry `name` where it reads all of `stored`.
+bool isEntryRead(const KpbAParameter& parameter, const KpbAParameter::SerialForm& now,
+                 const KpbAParameter::SerialForm& stored, const QString& name);
+
+/// Compares what was stored with what `parameter` has now; `former` is a copy of what it was before.
 ValueReading judgeReading(const KpbAParameter& parameter, const KpbAParameter::SerialForm& stored,
-                          const KpbAParameter::SerialForm& before);
+                          const KpbAParameter& former);
+
+/// The same for the entry `name` alone: others may have changed with it.
+ValueReading judgeEntry(const KpbAParameter& parameter, const KpbAParameter::SerialForm& stored, const QString& name,
+                        const KpbAParameter& former);

@@ -1,20 +1,49 @@
 #include <param/atomic/KpaBool.h>
+#include <param/atomic/KpaCatalogDefinition_old.h>
+#include <param/atomic/KpaColor.h>
+#include <param/atomic/KpaCoordSystem.h>
+#include <param/atomic/KpaDirection.h>
 #include <param/atomic/KpaDouble.h>
 #include <param/atomic/KpaEnum.h>
 #include <param/atomic/KpaFSDirectory.h>
 #include <param/atomic/KpaFSFile.h>
 #include <param/atomic/KpaFlags.h>
 #include <param/atomic/KpaInteger.h>
+#include <param/atomic/KpaLineStyle.h>
+#include <param/atomic/KpaMatrixSymmetrical.h>
+#include <param/atomic/KpaPalette.h>
+#include <param/atomic/KpaPlaneOrientation.h>
+#include <param/atomic/KpaRotation.h>
 #include <param/atomic/KpaSeed.h>
 #include <param/atomic/KpaString.h>
+#include <param/atomic/KpaSymbol.h>
+#include <param/atomic/KpaSymbol3D.h>
+#include <param/atomic/KpaSystemOrientation.h>
 #include <param/atomic/KpaUnit.h>
+#include <param/atomic/KpaVectorDouble.h>
+#include <param/atomic/KpaVectorInt.h>
 #include <param/composite/KpcBasicFiche.h>
 #include <param/composite/KpcCheckableGroup.h>
+#include <param/composite/KpcConstraintDouble.h>
 #include <param/composite/KpcFiche.h>
 #include <param/composite/KpcGroup.h>
+#include <param/composite/KpcGroupList.h>
+#include <param/composite/KpcVectorConstraintDouble.h>
+#include <param/list/KplBoolList.h>
+#include <param/list/KplColorList.h>
+#include <param/list/KplDoubleList.h>
+#include <param/list/KplEnumList.h>
+#include <param/list/KplIntegerList.h>
+#include <param/list/KplMatrixSymmetricalList.h>
+#include <param/list/KplRotationList.h>
+#include <param/list/KplStringList.h>
+#include <param/list/KplUnitList.h>
 #include <registry/ClassRegistry.h>
+#include <registry/DemoModel.h>
 #include <registry/DemoTask.h>
 #include <study/KstATransactableDefault.h>
+
+#include <concepts>
 
 namespace {
 
@@ -23,56 +52,96 @@ class NoProject : public KstATransactableDefault
 
 const NoProject noProject;
 
-/// A class that needs nothing but its key.
+/// A parameter that needs nothing but its key, or reaches its project through a transaction context.
 template <class T>
 std::unique_ptr<KpbAParameter> make(const QString& key)
 {
-    return std::make_unique<T>(key);
+    if constexpr (std::constructible_from<T, const QString&, const KstITransactable&>)
+        return std::make_unique<T>(key, noProject);
+    else
+        return std::make_unique<T>(key);
 }
 
-/// A class that would reach its project through a transaction context.
-template <class T>
-std::unique_ptr<KpbAParameter> makeHere(const QString& key)
-{
-    return std::make_unique<T>(key, noProject);
-}
-
-std::unique_ptr<KpbAParameter> makeFiche(const QString& key)
+template <>
+std::unique_ptr<KpbAParameter> make<KpcFiche>(const QString& key)
 {
     return std::make_unique<KpcFiche>(key, QStringLiteral("Task"), noProject);
 }
 
-std::unique_ptr<KpbAParameter> makeBasicFiche(const QString& key)
+template <>
+std::unique_ptr<KpbAParameter> make<KpcBasicFiche>(const QString& key)
 {
     return std::make_unique<KpcBasicFiche>(key, QStringLiteral("Task"));
 }
+
+template <class T>
+ClassRegistry::Row row(const char* name, const QString& family, const char* description)
+{
+    return {QString::fromLatin1(name), family, QString::fromLatin1(description), std::derived_from<T, KpcFiche>,
+            make<T>};
+}
+
+#define ROW(Class, family, description) row<Class>(#Class, family, description)
 
 } // namespace
 
 const std::vector<ClassRegistry::Row>& ClassRegistry::getRows()
 {
     // clang-format off
-    static const QString atomic = QStringLiteral("Atomic parameters");
-    static const QString group  = QStringLiteral("Composites");
-    static const QString task   = QStringLiteral("Task forms");
+    static const QString number    = QStringLiteral("Numbers, choices and texts");
+    static const QString geometry  = QStringLiteral("Geometry");
+    static const QString drawing   = QStringLiteral("Drawing");
+    static const QString composite = QStringLiteral("Composites");
+    static const QString list      = QStringLiteral("Lists");
+    static const QString task      = QStringLiteral("Task forms");
     static const std::vector<Row> rows = {
-        {"KpaInteger",        atomic, "An integer within limits",                 false, make<KpaInteger>},
-        {"KpaDouble",         atomic, "A number within limits, with a unit",      false, make<KpaDouble>},
-        {"KpaBool",           atomic, "Yes or no",                                false, make<KpaBool>},
-        {"KpaSeed",           atomic, "The seed of a random number generator",    false, make<KpaSeed>},
-        {"KpaUnit",           atomic, "The choice of a unit within a unit class", false, make<KpaUnit>},
-        {"KpaEnum",           atomic, "One choice among items",                   false, make<KpaEnum>},
-        {"KpaFlags",          atomic, "Any subset of items",                      false, make<KpaFlags>},
-        {"KpaString",         atomic, "A text under optional rules",              false, make<KpaString>},
-        {"KpaFSFile",         atomic, "The path of a file",                       false, make<KpaFSFile>},
-        {"KpaFSDirectory",    atomic, "The path of a folder",                     false, make<KpaFSDirectory>},
+        ROW(KpaInteger,                number,    "An integer within limits"),
+        ROW(KpaDouble,                 number,    "A number within limits, with a unit"),
+        ROW(KpaBool,                   number,    "Yes or no"),
+        ROW(KpaSeed,                   number,    "The seed of a random number generator"),
+        ROW(KpaUnit,                   number,    "The choice of a unit within a unit class"),
+        ROW(KpaEnum,                   number,    "One choice among items"),
+        ROW(KpaFlags,                  number,    "Any subset of items"),
+        ROW(KpaString,                 number,    "A text under optional rules"),
+        ROW(KpaFSFile,                 number,    "The path of a file"),
+        ROW(KpaFSDirectory,            number,    "The path of a folder"),
 
-        {"KpcGroup",          group,  "A bag of parameters with watchers",        false, makeHere<KpcGroup>},
-        {"KpcFiche",          group,  "The stored form of a task",                true,  makeFiche},
-        {"KpcBasicFiche",     group,  "A fiche outside any project",              true,  makeBasicFiche},
-        {"KpcCheckableGroup", group,  "A group with a check box in front of it",  false, makeHere<KpcCheckableGroup>},
+        ROW(KpaVectorDouble,           geometry,  "Up to three numbers, each within limits of its own"),
+        ROW(KpaVectorInt,              geometry,  "Up to three integers, such as counts of nodes"),
+        ROW(KpaRotation,               geometry,  "A rotation by three angles of a convention"),
+        ROW(KpaDirection,              geometry,  "A rotation as azimuth and plunge"),
+        ROW(KpaPlaneOrientation,       geometry,  "A rotation as dip and dip azimuth"),
+        ROW(KpaSystemOrientation,      geometry,  "A rotation as dip, dip azimuth and pitch"),
+        ROW(KpaMatrixSymmetrical,      geometry,  "A symmetric matrix, of numbers or of constraints"),
+        ROW(KpaCoordSystem,            geometry,  "A coordinate system of certain kinds"),
 
-        {"DemoTask",          task,   "The form that the demonstration uses",     true,  makeHere<DemoTask>},
+        ROW(KpaColor,                  drawing,   "A colour with its opacity"),
+        ROW(KpaPalette,                drawing,   "Colours for a range of numbers"),
+        ROW(KpaLineStyle,              drawing,   "How a line is drawn"),
+        ROW(KpaSymbol,                 drawing,   "How a point is drawn on a map"),
+        ROW(KpaSymbol3D,               drawing,   "How a point is drawn in space"),
+        ROW(KpaCatalogDefinition_old,  drawing,   "The categories of a variable, in older forms"),
+
+        ROW(KpcGroup,                  composite, "A bag of parameters with watchers"),
+        ROW(KpcFiche,                  composite, "The stored form of a task"),
+        ROW(KpcBasicFiche,             composite, "A fiche outside any project"),
+        ROW(KpcCheckableGroup,         composite, "A group with a check box in front of it"),
+        ROW(KpcConstraintDouble,       composite, "What is known of a number: itself, bounds, nothing"),
+        ROW(KpcVectorConstraintDouble, composite, "What is known of each component of a vector"),
+
+        ROW(KpcGroupList,              list,      "Groups, alike at first"),
+        ROW(KplBoolList,               list,      "Any number of yes and no"),
+        ROW(KplIntegerList,            list,      "Any number of integers"),
+        ROW(KplDoubleList,             list,      "Any number of numbers"),
+        ROW(KplUnitList,               list,      "Any number of units"),
+        ROW(KplEnumList,               list,      "Any number of choices"),
+        ROW(KplStringList,             list,      "Any number of texts"),
+        ROW(KplRotationList,           list,      "Any number of rotations"),
+        ROW(KplMatrixSymmetricalList,  list,      "Any number of symmetric matrices"),
+        ROW(KplColorList,              list,      "Any number of colours"),
+
+        ROW(DemoTask,                  task,      "The form that the demonstration begins with"),
+        ROW(DemoModel,                 task,      "The form that it goes on with: a model and its drawing"),
     };
     // clang-format on
     return rows;

@@ -39,8 +39,8 @@ void checkKeyParameters(const FormReading& reading, const QStringList& paths)
     if (!reading.isTask && !paths.isEmpty())
         throw Failure(ExitCode::Usage, "Only a task is filed for values; --by does not fit a param.");
     for (const QString& path : paths) {
-        if (requireParameter(path, *reading.parameter).hasChildren())
-            throw Failure(ExitCode::Usage, QStringLiteral("%1 has no single value.").arg(SafeText::quoted(path)));
+        if (requireParameter(path, *reading.parameter).serialize().isEmpty())
+            throw Failure(ExitCode::Usage, QStringLiteral("%1 has no value of its own.").arg(SafeText::quoted(path)));
     }
 }
 

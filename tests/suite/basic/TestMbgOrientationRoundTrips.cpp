@@ -176,6 +176,18 @@ TEST(OrientationRoundTrips, GiveSystemsBack)
     }
 }
 
+TEST(OrientationRoundTrips, GiveTheDipAzimuthOfASystemBackToTheLastDigit)
+{
+    for (int dip = 5; dip < 180; dip += 5) {
+        for (int dipAzimuth = 0; dipAzimuth < 360; dipAzimuth += 5) {
+            for (int pitch = 0; pitch < 360; pitch += 5) {
+                const Angles found = system(systemRotation({degrees(dip), degrees(dipAzimuth), degrees(pitch)}));
+                ASSERT_EQ(found.second.getDegreeValue(), dipAzimuth) << dip << ' ' << pitch;
+            }
+        }
+    }
+}
+
 TEST(OrientationRoundTrips, KeepEveryRotationThroughItsSystem)
 {
     for (int i = 0; i < 25 * 25 * 25; ++i) {
