@@ -636,11 +636,16 @@ struct CountAllocations
 } // namespace
 
 // Counting replaces the global allocation of this binary; the default does the same without the count.
-void* operator new(std::size_t size)
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     if (allocations >= 0)
         ++allocations;
-    if (void* memory = std::malloc(size))
+    return std::malloc(size);
+}
+
+void* operator new(std::size_t size)
+{
+    if (void* memory = operator new(size, std::nothrow))
         return memory;
     throw std::bad_alloc();
 }
