@@ -1,5 +1,4 @@
-#include "KpnLife.h"
-
+#include <param/KpnLife.h>
 #include <param/KpbAParameter.h>
 
 #include <basic/MbbDebug.h>
@@ -58,13 +57,11 @@ KpbAParameter::~KpbAParameter()
         _life->release();
 }
 
-KpnLife* KpbAParameter::_getLife() const
+KpnLife* KpbAParameter::_makeLife() const
 {
-    if (!_life) {
-        _life = new KpnLife(const_cast<KpbAParameter*>(this));
-        _life->retain();
-        addGuard(_life);
-    }
+    _life = new KpnLife(const_cast<KpbAParameter*>(this));
+    _life->retain();
+    addGuard(_life);
     return _life;
 }
 

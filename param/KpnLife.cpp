@@ -1,5 +1,4 @@
-#include "KpnLife.h"
-
+#include <param/KpnLife.h>
 #include <param/KpbAParameter.h>
 
 std::atomic<std::uint64_t> KpnLife::_deaths{0};

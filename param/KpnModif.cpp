@@ -1,4 +1,4 @@
-#include "KpnLife.h"
+#include "KpnModifIndex.h"
 
 #include <param/KpbAParameter.h>
 #include <param/KpnModif.h>
@@ -8,7 +8,6 @@
 #include <QtCore/QStringList>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 #include <vector>
 
@@ -26,8 +25,12 @@ KpbAParameter* ObservableTraits<KpnModif>::fromBase(const KuoAObservable<KpnModi
 class KpnModif::Many
 {
 public:
-    explicit Many(Entry first) : _dropBy(KpnLife::deaths()), _droppedBy(_dropBy) { add(std::move(first)); }
-    // The table of the copy is made when it is needed.
+    explicit Many(const Entry& first) : _dropBy(KpnLife::deaths()), _droppedBy(_dropBy)
+    {
+        _entries.reserve(InitialRoom);
+        add(first);
+    }
+    // The index of the copy is made when it is needed.
     Many(const Many& other)
         : _entries(other._entries),
           _dropBy(other._dropBy),
@@ -63,12 +66,12 @@ public:
         _dropBy = KpnLife::deaths();
     }
 
-    void add(Entry entry)
+    void add(const Entry& entry)
     {
         const bool valid = entry.path.isValid();
         if (!valid)
             settle(); // what is due to go is not to be taken for the dead entry that comes
-        if (Entry* known = valid ? _find(entry.path) : _findDead(entry.path)) {
+        if (Entry* known = valid ? _find(entry.path) : _findByPath(entry.path)) {
             known->flags |= entry.flags;
             return;
         }
@@ -78,9 +81,10 @@ public:
         }
         _hasInvalid = _hasInvalid || !valid;
         _sorted = false;
-        _entries.push_back(std::move(entry));
-        if (!_table.empty())
-            _index(_entries.size() - 1);
+        if (_entries.size() == _entries.capacity())
+            _entries.reserve(_entries.size() * (_entries.size() < ManyEntries ? 8 : 2));
+        _entries.push_back(entry);
+        _index.add(_entries);
     }
 
     void append(KpbAParameter* parameter)
@@ -92,7 +96,7 @@ public:
         _hasInvalid = false;
         _dropBy = _droppedBy = KpnLife::deaths();
         _sorted = false;
-        _table.clear();
+        _index.clear();
     }
 
     // Into the order that the paths had when the last merge began: what dies afterwards keeps its place.
@@ -103,11 +107,13 @@ public:
             return;
         std::sort(_entries.begin(), _entries.end(),
                   [&](const Entry& a, const Entry& b) { return a.path.wasLess(b.path, _dropBy); });
-        _table.clear();
+        _index.clear();
     }
 
 private:
-    static constexpr std::size_t TableFrom = 8;
+    static constexpr std::size_t InitialRoom = 16;
+    static constexpr std::size_t ManyEntries = 1024;
+    static constexpr std::size_t SearchUpTo = 8;
     static constexpr std::size_t SettleFrom = 64;
 
     template <class Gone>
@@ -117,58 +123,26 @@ private:
         if (end == _entries.end())
             return;
         _entries.erase(end, _entries.end());
-        _table.clear();
+        _index.clear();
     }
 
     Entry* _find(const KpnPath& path)
     {
-        if (_entries.size() <= TableFrom)
-            return _findDead(path);
-        if (_table.empty())
-            _rebuild(_entries.size() * 4);
-        for (std::size_t at = path.hash() & _mask(); _table[at] != 0; at = (at + 1) & _mask()) {
-            Entry& entry = _entries[_table[at] - 1];
-            if (entry.path == path)
-                return &entry;
-        }
-        return nullptr;
+        if (_entries.size() <= SearchUpTo)
+            return _findByPath(path);
+        const std::size_t at = _index.find(_entries, path);
+        return at == _entries.size() ? nullptr : &_entries[at];
     }
 
-    Entry* _findDead(const KpnPath& path)
+    Entry* _findByPath(const KpnPath& path)
     {
         const auto found =
             std::find_if(_entries.begin(), _entries.end(), [&](const Entry& entry) { return entry.path == path; });
         return found == _entries.end() ? nullptr : &*found;
     }
 
-    // The table holds places of entries plus one, 0 for none; its size is a power of two, at least twice the entries.
-    std::size_t _mask() const { return _table.size() - 1; }
-    void _rebuild(std::size_t room)
-    {
-        std::size_t size = 32;
-        while (size < room)
-            size *= 2;
-        _table.assign(size, 0);
-        for (std::size_t i = 0; i < _entries.size(); ++i)
-            _place(i);
-    }
-    void _index(std::size_t i)
-    {
-        if (_entries.size() * 2 > _table.size())
-            _rebuild(_entries.size() * 4);
-        else
-            _place(i);
-    }
-    void _place(std::size_t i)
-    {
-        std::size_t at = _entries[i].path.hash() & _mask();
-        while (_table[at] != 0)
-            at = (at + 1) & _mask();
-        _table[at] = std::uint32_t(i + 1);
-    }
-
     std::vector<Entry> _entries;
-    std::vector<std::uint32_t> _table;
+    KpnModifIndex _index;
     // Deaths up to which dead entries have to go, and have gone.
     quint64 _dropBy;
     quint64 _droppedBy;
@@ -179,11 +153,9 @@ private:
     bool _sorted = false;
 };
 
-KpnModif::KpnModif() = default;
-
-KpnModif::KpnModif(Flags flags, KpbAParameter* parameter) : _hasSingle(true)
+KpnModif::KpnModif(Flags flags, KpbAParameter* parameter)
 {
-    _single.path.append(parameter);
+    _single.path.append(parameter ? parameter->_getLife() : nullptr);
     _single.flags = flags;
 }
 
@@ -197,7 +169,6 @@ KpnModif::KpnModif(const KpnModif& other)
     : KuoAObservableModif(other),
       MbbIDebuggable(other),
       _single(other._single),
-      _hasSingle(other._hasSingle),
       _many(other._many)
 {}
 
@@ -205,7 +176,6 @@ KpnModif::KpnModif(KpnModif&& other) noexcept
     : KuoAObservableModif(other),
       MbbIDebuggable(other),
       _single(std::move(other._single)),
-      _hasSingle(std::exchange(other._hasSingle, false)),
       _many(std::move(other._many)),
       _map(std::move(other._map))
 {}
@@ -222,14 +192,11 @@ KpnModif& KpnModif::operator=(KpnModif&& other) noexcept
     if (this != &other) {
         KuoAObservableModif::operator=(other);
         _single = std::move(other._single);
-        _hasSingle = std::exchange(other._hasSingle, false);
         _many = std::move(other._many);
         _map = std::move(other._map);
     }
     return *this;
 }
-
-KpnModif::~KpnModif() = default;
 
 KpnModif::Range KpnModif::_entries() const
 {
@@ -237,7 +204,7 @@ KpnModif::Range KpnModif::_entries() const
         const std::vector<Entry>& entries = _many->entries();
         return {entries.data(), entries.data() + entries.size()};
     }
-    return {&_single, &_single + (_hasSingle ? 1 : 0)};
+    return {&_single, &_single + (_hasSingle() ? 1 : 0)};
 }
 
 KpnModif::Range KpnModif::_ordered() const
@@ -253,21 +220,11 @@ int KpnModif::getNumberOfModif() const
     return int(range.end - range.begin);
 }
 
-bool KpnModif::isEmpty() const
-{
-    return getNumberOfModif() == 0;
-}
-
 KpnModif::Many& KpnModif::_detached()
 {
     if (_many.use_count() > 1)
         _many = std::make_shared<Many>(*_many);
     return *_many;
-}
-
-void KpnModif::_changed()
-{
-    _map.reset();
 }
 
 void KpnModif::_insert(const Entry& entry)
@@ -277,17 +234,16 @@ void KpnModif::_insert(const Entry& entry)
         _detached().add(entry);
         return;
     }
-    if (!_hasSingle) {
+    if (!_hasSingle()) {
         _single = entry;
-        _hasSingle = true;
         return;
     }
     if (_single.path == entry.path) {
         _single.flags |= entry.flags;
         return;
     }
-    _many = std::make_shared<Many>(std::exchange(_single, Entry{}));
-    _hasSingle = false;
+    _many = std::make_shared<Many>(_single);
+    _single = Entry{};
     _many->add(entry);
 }
 
@@ -296,9 +252,8 @@ void KpnModif::_compress()
     if (_many) {
         _detached().compress();
     }
-    else if (_hasSingle && !_single.path.isValid()) {
+    else if (_hasSingle() && !_single.path.isValid()) {
         _single = Entry{};
-        _hasSingle = false;
     }
 }
 
@@ -308,9 +263,25 @@ void KpnModif::_merge(const KpnModif& other)
     _compress();
     if (&other == this)
         return;
+    if (_many && other._hasSingle()) {
+        _many->add(other._single);
+        return;
+    }
     const Range range = other._entries();
     for (const Entry* entry = range.begin; entry != range.end; ++entry)
         _insert(*entry);
+}
+
+KpnModif::Stretch::Stretch(const KpnModif& modif, KpbAParameter* parameter) : _modif(modif), _sender(modif.getSender())
+{
+    _modif._single.path.append(parameter->_getLife());
+}
+
+KpnModif::Stretch::~Stretch()
+{
+    _modif._single.path.removeLast();
+    _modif._map.reset();
+    _modif.setObservable(_sender);
 }
 
 void KpnModif::append(KpbAParameter* parameter)
@@ -319,7 +290,7 @@ void KpnModif::append(KpbAParameter* parameter)
     if (_many) {
         _detached().append(parameter);
     }
-    else if (_hasSingle) {
+    else if (_hasSingle()) {
         _single.path.append(parameter);
         _compress();
     }

@@ -1,6 +1,5 @@
-#include "KpnLife.h"
-
 #include <param/KpbAParameter.h>
+#include <param/KpnLife.h>
 #include <param/KpnPath.h>
 
 #include <QtCore/QStringList>
@@ -28,16 +27,6 @@ bool isLess(KpnLife* const* left, int leftSize, KpnLife* const* right, int right
 
 } // namespace
 
-KpnPath::KpnPath(const KpnPath& other)
-{
-    _copy(other);
-}
-
-KpnPath::KpnPath(KpnPath&& other) noexcept
-{
-    _take(other);
-}
-
 KpnPath& KpnPath::operator=(const KpnPath& other)
 {
     if (this != &other) {
@@ -56,50 +45,10 @@ KpnPath& KpnPath::operator=(KpnPath&& other) noexcept
     return *this;
 }
 
-KpnPath::~KpnPath()
+void KpnPath::_copyToHeap(const KpnPath& other)
 {
-    _release();
-}
-
-void KpnPath::_copy(const KpnPath& other)
-{
-    if (other._size > InlineCapacity) {
-        _heap = new KpnLife*[std::size_t(other._size)];
-        _capacity = other._size;
-    }
-    _size = other._size;
-    KpnLife* const* source = other._data();
-    KpnLife** data = _data();
-    for (int i = 0; i < _size; ++i) {
-        data[i] = source[i];
-        if (data[i])
-            data[i]->retain();
-    }
-}
-
-void KpnPath::_take(KpnPath& other)
-{
-    _size = other._size;
-    _capacity = other._capacity;
-    if (_capacity > InlineCapacity)
-        _heap = other._heap;
-    else
-        std::copy_n(other._inline, _size, _inline);
-    other._size = 0;
-    other._capacity = InlineCapacity;
-}
-
-void KpnPath::_release()
-{
-    KpnLife** data = _data();
-    for (int i = 0; i < _size; ++i) {
-        if (data[i])
-            data[i]->release();
-    }
-    if (_capacity > InlineCapacity)
-        delete[] _heap;
-    _size = 0;
-    _capacity = InlineCapacity;
+    _heap = new KpnLife*[std::size_t(other._size)];
+    _capacity = other._size;
 }
 
 void KpnPath::_grow()
@@ -112,20 +61,17 @@ void KpnPath::_grow()
     _capacity *= 2;
 }
 
-bool KpnPath::isValid() const
+bool KpnPath::_checkValid() const
 {
     KpnLife* const* data = _data();
-    return _size > 0 && std::all_of(data, data + _size, [](const KpnLife* life) { return target(life); });
+    const bool valid = std::all_of(data, data + _size, target);
+    _validAt = valid ? KpnLife::deaths() : KpnLife::Never;
+    return valid;
 }
 
 void KpnPath::append(const KpbAParameter* parameter)
 {
-    if (_size == _capacity)
-        _grow();
-    KpnLife* life = parameter ? parameter->_getLife() : nullptr;
-    if (life)
-        life->retain();
-    _data()[_size++] = life;
+    append(parameter ? parameter->_getLife() : nullptr);
 }
 
 bool KpnPath::contains(const KpbAParameter* parameter) const

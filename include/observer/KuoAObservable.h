@@ -39,7 +39,7 @@ public:
     bool lockObservable(bool locked) const { return std::exchange(_observableLocked, locked); }
 
     /// Merges `record` into the pending record and, unless locked, sends it. Nothing is kept where nobody observes.
-    void notify(Record&& record) const;
+    void notify(Record&& record) const { _pass(record); }
     void notify(const Record& record) const { notify(Record(record)); }
     /// Sends the pending record at once, locked or not.
     void commit() const;
@@ -58,6 +58,8 @@ protected:
         return *this;
     }
 
+    /// `notify` for a record that the caller goes on using: nothing of it is changed but its observable.
+    void _pass(const Record& record) const;
     /// True if a record would reach nobody and stay nowhere, so that it need not be made at all.
     bool _isUnheard() const { return _slots.isEmpty() && !_firstLock && !_locked && !hasNotifications(); }
     /// What `notify` leaves behind where `_isUnheard()`.
@@ -127,8 +129,9 @@ private:
     void _removeEmptySlots() const;
     void _send(const Record& record, bool endsBatch = false) const;
     void _endBatch() const;
-    void _collect(Record& record) const;
+    void _collect(const Record& record) const;
     static void _deliver(KuoIObserver<Record>* observer, const Record& record);
+    static void _warnOfException();
     void _link(KuoLock<Record>* lock) const;
     void _unlink(KuoLock<Record>* lock) const;
 
@@ -209,7 +212,7 @@ void KuoAObservable<Record>::lockObserver(KuoIObserver<Record>* observer, bool l
 }
 
 template <class Record>
-void KuoAObservable<Record>::notify(Record&& record) const
+void KuoAObservable<Record>::_pass(const Record& record) const
 {
     if (!_hasEntries() || _observableLocked)
         return;
@@ -255,7 +258,7 @@ void KuoAObservable<Record>::_emptyBatch() const
 }
 
 template <class Record>
-void KuoAObservable<Record>::_collect(Record& record) const
+void KuoAObservable<Record>::_collect(const Record& record) const
 {
     record.setObservable(this);
     if (!_pending)
@@ -297,7 +300,19 @@ template <class Record>
 void KuoAObservable<Record>::_deliver(KuoIObserver<Record>* observer, const Record& record)
 {
     try {
-        mbeTranslate([&] { observer->update(record); });
+        observer->update(record);
+    }
+    catch (...) {
+        _warnOfException();
+    }
+}
+
+// To be called while an exception is handled.
+template <class Record>
+void KuoAObservable<Record>::_warnOfException()
+{
+    try {
+        mbeTranslate([] { throw; });
     }
     catch (const MbeError& error) {
         MbbDebug::printWarning(
@@ -321,7 +336,8 @@ template <class Record>
 void KuoAObservable<Record>::_removeEmptySlots() const
 {
     const auto end = std::remove_if(_slots.begin(), _slots.end(), [](const Slot& slot) { return !slot.observer; });
-    _slots.resize(int(end - _slots.begin()));
+    if (end != _slots.end())
+        _slots.resize(int(end - _slots.begin()));
 }
 
 template <class Record>

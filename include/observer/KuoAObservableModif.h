@@ -34,7 +34,9 @@ public:
         _merge(other);
     }
 
-    void setObservable(const KuoAObservable<Record>* observable) { _observable = observable; }
+    /// Who sends a record is no part of what it says: the record is passed on from observable to observable.
+    void setObservable(const KuoAObservable<Record>* observable) const { _observable = observable; }
+    const KuoAObservable<Record>* getSender() const { return _observable; }
     /// Whether the record has been sent by an observable.
     bool isValid() const { return _observable != nullptr; }
 
@@ -51,5 +53,5 @@ protected:
 private:
     virtual void _merge(const Record& other) = 0;
 
-    const KuoAObservable<Record>* _observable = nullptr;
+    mutable const KuoAObservable<Record>* _observable = nullptr;
 };

@@ -137,9 +137,11 @@ protected:
     static quint64 _labelChanges();
 
 private:
+    friend class KpnModif;
     friend class KpnPath;
 
-    KpnLife* _getLife() const;
+    KpnLife* _getLife() const { return _life ? _life : _makeLife(); }
+    KpnLife* _makeLife() const;
     void _store(bool& flag, bool value, Kp::NotificationFlag notification);
     void _debugLine(QTextStream& stream, int depth) const;
     void _debugBlock(QTextStream& stream, int depth) const;

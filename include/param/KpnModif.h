@@ -38,7 +38,7 @@ public:
         Flags flags;
     };
 
-    KpnModif();
+    KpnModif() = default;
     /// One entry: the path that holds only `parameter`.
     KpnModif(Flags flags, KpbAParameter* parameter);
     /// One entry, or none if `path` is not valid.
@@ -47,13 +47,29 @@ public:
     KpnModif(KpnModif&& other) noexcept;
     KpnModif& operator=(const KpnModif& other);
     KpnModif& operator=(KpnModif&& other) noexcept;
-    ~KpnModif() override;
+    ~KpnModif() override = default;
 
     int getNumberOfModif() const override;
-    bool isEmpty() const override;
+    bool isEmpty() const final { return _many ? getNumberOfModif() == 0 : !_hasSingle(); }
 
     /// Extends every path by `parameter` and drops those that are not valid.
     void append(KpbAParameter* parameter);
+    /// Calls `function(const KpnModif&)` with this record extended by `parameter`, as by `append`. A record of one
+    /// entry is not copied for it: it is extended while `function` runs.
+    template <class Function>
+    void withAppended(KpbAParameter* parameter, Function function) const
+    {
+        if (_isStretchable()) {
+            const Stretch stretch(*this, parameter);
+            if (stretch.isValid()) {
+                function(*this);
+                return;
+            }
+        }
+        KpnModif copy(*this);
+        copy.append(parameter);
+        function(copy);
+    }
 
     /// Whether a change that `flags` ask for happened at `parameter` or, where it has children now, beneath it. For
     /// `Kp::NotifyChildren` only the parameter itself counts, and a leaf counts only as the origin of a change.
@@ -94,6 +110,20 @@ public:
 
 private:
     class Many;
+    // Extends the path of the only entry of a record as long as it lives.
+    class KESTRIN_PARAM_EXPORT Stretch
+    {
+    public:
+        Stretch(const KpnModif& modif, KpbAParameter* parameter);
+        ~Stretch();
+        Stretch(const Stretch&) = delete;
+        Stretch& operator=(const Stretch&) = delete;
+        bool isValid() const { return _modif._single.path.isValid(); }
+
+    private:
+        const KpnModif& _modif;
+        const KuoAObservable<KpnModif>* const _sender;
+    };
     struct Range
     {
         const Entry* begin;
@@ -107,11 +137,13 @@ private:
     Range _ordered() const;
     Entry* _firstWith(const KpbAParameter* parameter, Kp::NotificationFlag flag, bool anywhere);
     Many& _detached();
-    void _changed();
+    void _changed() { _map.reset(); }
+    bool _hasSingle() const { return !_single.path.isEmpty(); }
+    // A map that somebody has asked for has to stay as it is.
+    bool _isStretchable() const { return _hasSingle() && !_map; }
 
     // Most records have one entry, which stands in `_single`; `_many` takes over with the second.
-    Entry _single;
-    bool _hasSingle = false;
+    mutable Entry _single;
     mutable std::shared_ptr<Many> _many;
     mutable std::unique_ptr<QMap<KpnPath, Flags>> _map;
 };

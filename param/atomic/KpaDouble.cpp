@@ -147,10 +147,10 @@ double KpaDoubleConfig::fix(double value, double previous) const
 // The minimum wins where the limits cross. Of a number and a NaN, the number stands.
 double KpaDoubleConfig::_clamp(double value) const
 {
-    if (isMaximumDefined())
-        value = std::fmin(value, _maximum);
-    if (isMinimumDefined())
-        value = std::fmax(value, _minimum);
+    if (isMaximumDefined() && (value > _maximum || std::isnan(value)))
+        value = _maximum;
+    if (isMinimumDefined() && (value < _minimum || std::isnan(value)))
+        value = _minimum;
     return value;
 }
 

@@ -72,9 +72,7 @@ void KpcAComposite::update(const KpnModif& modif)
         _skipNotification();
         return;
     }
-    KpnModif passedOn(modif);
-    passedOn.append(this);
-    notify(std::move(passedOn));
+    modif.withAppended(this, [&](const KpnModif& passedOn) { _pass(passedOn); });
 }
 
 void KpcAComposite::destroyed(const KuoAObservable<KpnModif>*)

@@ -1,10 +1,13 @@
 #include <param/KpnModif.h>
 #include <param/KpnModifIterator.h>
 #include <param/atomic/KpaInteger.h>
+#include <param/composite/CompositeTestTools.h>
 #include <support/RecordingObserver.h>
 #include <support/TestParameters.h>
 
+#include <deque>
 #include <optional>
+#include <random>
 
 namespace {
 
@@ -527,4 +530,120 @@ TEST(KpnModif, ABatchBringsOneRecordWithOneEntryPerParameter)
     EXPECT_EQ(observer.records[0].getNumberOfModif(), 1000);
     EXPECT_EQ(observer.flagsOf(*leaves[7]), 3);
     EXPECT_EQ(observer.flagsOf(*leaves[8]), 1);
+}
+
+namespace {
+
+// A record beside what it has to hold: the flags by the places of origin and ancestor among the parameters.
+struct Modelled
+{
+    KpnModif modif;
+    QMap<KpnPath, Flags> expected;
+
+    void merge(const KpnPath& path, Flags flags)
+    {
+        modif.merge(KpnModif(flags, path));
+        expected[path] |= flags;
+    }
+};
+
+struct ManyLeaves
+{
+    std::deque<TestLeaf> leaves;
+    explicit ManyLeaves(int count)
+    {
+        for (int i = 0; i < count; ++i)
+            leaves.emplace_back(QString::number(i));
+    }
+    TestLeaf* operator[](int i) { return &leaves[std::size_t(i)]; }
+};
+
+} // namespace
+
+TEST(KpnModif, FindsEntriesAgainThatOtherRecordsHaveToo)
+{
+    ManyLeaves leaves(40);
+    Modelled records[3];
+    std::mt19937 random(7);
+    for (int i = 0; i < 3000; ++i) {
+        const KpnPath path = pathOf({leaves[int(random() % 40)]});
+        records[random() % 3].merge(path, Flags(int(1u << (random() % 4))));
+        if (i % 500 == 0)
+            records[1] = records[0];
+    }
+    for (const Modelled& record : records)
+        EXPECT_EQ(record.modif.getModifs(), record.expected);
+}
+
+TEST(KpnModif, KeepsOneEntryForEachWayOfTheSameOrigins)
+{
+    ManyLeaves leaves(30);
+    Modelled record;
+    for (int round = 0; round < 3; ++round) {
+        for (int origin = 0; origin < 27; ++origin) {
+            record.merge(pathOf({leaves[origin]}), Kp::NotifyValue);
+            record.merge(pathOf({leaves[origin], leaves[27 + round]}), Kp::NotifyConfig);
+            record.merge(pathOf({leaves[origin], leaves[27]}), Kp::NotifyItem);
+        }
+    }
+    EXPECT_EQ(record.modif.getNumberOfModif(), 27 * 4);
+    EXPECT_EQ(record.modif.getModifs(), record.expected);
+}
+
+namespace {
+
+// Notes what it is told, and what the record says after somebody else has passed it on.
+struct Notes : KuoIObserver<KpnModif>
+{
+    QStringList texts;
+    QList<KpnModif> copies;
+    void update(const KpnModif& modif) override
+    {
+        texts.append(modif.debug());
+        copies.append(modif);
+    }
+};
+
+} // namespace
+
+TEST(KpnModif, SaysTheSameToEachObserverThoughGroupsPassItOnBetween)
+{
+    auto* leaf = new TestLeaf("leaf");
+    auto* inner = new TestComposite("inner");
+    TestComposite outer("outer");
+    Notes first, last, above;
+    leaf->addObserver(&first);
+    inner->appendChild(leaf);
+    leaf->addObserver(&last);
+    outer.appendChild(inner);
+    outer.addObserver(&above);
+
+    leaf->notify(KpnModif(Kp::NotifyValue, leaf));
+
+    EXPECT_EQ(first.texts, QStringList{"leaf:1"});
+    EXPECT_EQ(last.texts, QStringList{"leaf:1"});
+    EXPECT_EQ(above.texts, QStringList{"outer/inner/leaf:1"});
+    EXPECT_EQ(last.copies.first().debug(), "leaf:1");
+    EXPECT_EQ(above.copies.first().debug(), "outer/inner/leaf:1");
+    leaf->removeObserver(&first);
+    leaf->removeObserver(&last);
+    outer.removeObserver(&above);
+}
+
+TEST(KpnModif, KeepsAMapThatIsInUseWhileAGroupPassesTheRecordOn)
+{
+    auto* leaf = new TestLeaf("leaf");
+    TestComposite group("group");
+    group.appendChild(leaf);
+    Notes above;
+    group.addObserver(&above);
+
+    const KpnModif modif(Kp::NotifyValue, leaf);
+    const QMap<KpnPath, Flags>& map = modif.getModifs();
+    group.update(modif);
+
+    EXPECT_EQ(map.size(), 1);
+    EXPECT_EQ(map.firstKey().count(), 1);
+    EXPECT_EQ(above.texts, QStringList{"group/leaf:1"});
+    group.removeObserver(&above);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <param/KpExport.h>
 #include <util/KuoAGuarded.h>
 
 #include <atomic>
@@ -10,7 +11,7 @@ class KpbAParameter;
 /// What paths hold of a parameter: whether it lives. Each parameter that has been part of a path has one, shared by all
 /// paths through it and by the parameter itself, and counted without atomics, as a tree is used from one thread at a
 /// time.
-class KpnLife final : public KuoIGuard
+class KESTRIN_PARAM_EXPORT KpnLife final : public KuoIGuard
 {
 public:
     explicit KpnLife(KpbAParameter* target) : _target(target), _address(target) {}
@@ -27,8 +28,18 @@ public:
             _end();
     }
 
+    /// The place that the index with number `index` has given to this parameter as the origin of a change.
+    struct Place
+    {
+        std::uint64_t index = 0;
+        std::size_t at = 0;
+    };
+    Place place;
+
     void guardedDestroyed() override;
 
+    /// A count of deaths that is never reached.
+    static constexpr std::uint64_t Never = ~std::uint64_t(0);
     /// How many parameters with a life have died in the process.
     static std::uint64_t deaths() { return _deaths.load(std::memory_order_relaxed); }
 
