@@ -6,10 +6,10 @@
 
 #include <QtCore/QSet>
 #include <QtCore/QStringList>
+#include <QtCore/QVector>
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 template class KuoAObservable<KpnModif>;
 template class KuoLock<KpnModif>;
@@ -20,6 +20,49 @@ KpbAParameter* ObservableTraits<KpnModif>::fromBase(const KuoAObservable<KpnModi
     return static_cast<KpbAParameter*>(const_cast<KuoAObservable<KpnModif>*>(base));
 }
 
+namespace {
+
+// The room that the last large record of the thread has left to the next one: batches follow each other, and fresh
+// memory is dear. Records may outlive it at the end of the thread.
+class SpareRoom
+{
+public:
+    using Entries = QVector<KpnModif::Entry>;
+
+    static void take(Entries& entries)
+    {
+        if (!_isOver)
+            entries.swap(_instance()._entries);
+    }
+    static void giveBack(Entries& entries)
+    {
+        if (_isOver || !entries.isDetached() || entries.capacity() > MaxEntries ||
+            entries.capacity() <= _instance()._entries.capacity())
+            return;
+        entries.clear();
+        entries.swap(_instance()._entries);
+    }
+
+private:
+    // 8 MiB
+    static constexpr int MaxEntries = (8 << 20) / int(sizeof(KpnModif::Entry));
+
+    SpareRoom() = default;
+    ~SpareRoom() { _isOver = true; }
+    static SpareRoom& _instance()
+    {
+        static thread_local SpareRoom room;
+        return room;
+    }
+
+    static thread_local bool _isOver;
+    Entries _entries;
+};
+
+thread_local bool SpareRoom::_isOver = false;
+
+} // namespace
+
 /// The entries of a record that has, or had, more than one. Nothing is rechecked while nothing has died, and what a
 /// merge has to drop is dropped when somebody looks, so that merging n records takes time in proportion to n.
 class KpnModif::Many
@@ -27,9 +70,12 @@ class KpnModif::Many
 public:
     explicit Many(const Entry& first) : _dropBy(KpnLife::deaths()), _droppedBy(_dropBy)
     {
-        _entries.reserve(InitialRoom);
+        SpareRoom::take(_entries);
+        if (_entries.capacity() == 0)
+            _entries.reserve(InitialRoom);
         add(first);
     }
+    ~Many() { SpareRoom::giveBack(_entries); }
     // The index of the copy is made when it is needed.
     Many(const Many& other)
         : _entries(other._entries),
@@ -50,7 +96,7 @@ public:
         _remove([&](const Entry& entry) { return entry.path.diedBy(_dropBy); });
     }
 
-    std::vector<Entry>& entries()
+    const QVector<Entry>& entries()
     {
         settle();
         return _entries;
@@ -83,7 +129,7 @@ public:
         _sorted = false;
         if (_entries.size() == _entries.capacity())
             _entries.reserve(_entries.size() * (_entries.size() < ManyEntries ? 8 : 2));
-        _entries.push_back(entry);
+        _entries.append(entry);
         _index.add(_entries);
     }
 
@@ -111,10 +157,9 @@ public:
     }
 
 private:
-    static constexpr std::size_t InitialRoom = 16;
-    static constexpr std::size_t ManyEntries = 1024;
-    static constexpr std::size_t SearchUpTo = 8;
-    static constexpr std::size_t SettleFrom = 64;
+    static constexpr int InitialRoom = 16;
+    static constexpr int ManyEntries = 1024;
+    static constexpr int SettleFrom = 64;
 
     template <class Gone>
     void _remove(Gone gone)
@@ -128,9 +173,7 @@ private:
 
     Entry* _find(const KpnPath& path)
     {
-        if (_entries.size() <= SearchUpTo)
-            return _findByPath(path);
-        const std::size_t at = _index.find(_entries, path);
+        const int at = _index.find(_entries, path);
         return at == _entries.size() ? nullptr : &_entries[at];
     }
 
@@ -141,13 +184,14 @@ private:
         return found == _entries.end() ? nullptr : &*found;
     }
 
-    std::vector<Entry> _entries;
+    // Grows without being copied where the system can move its pages.
+    QVector<Entry> _entries;
     KpnModifIndex _index;
     // Deaths up to which dead entries have to go, and have gone.
     quint64 _dropBy;
     quint64 _droppedBy;
     // The number of entries from which on the dead are not left to pile up until somebody looks.
-    std::size_t _settleAt = SettleFrom;
+    int _settleAt = SettleFrom;
     // An entry came in that was dead already.
     bool _hasInvalid = false;
     bool _sorted = false;
@@ -201,8 +245,8 @@ KpnModif& KpnModif::operator=(KpnModif&& other) noexcept
 KpnModif::Range KpnModif::_entries() const
 {
     if (_many) {
-        const std::vector<Entry>& entries = _many->entries();
-        return {entries.data(), entries.data() + entries.size()};
+        const QVector<Entry>& entries = _many->entries();
+        return {entries.constData(), entries.constData() + entries.size()};
     }
     return {&_single, &_single + (_hasSingle() ? 1 : 0)};
 }

@@ -23,7 +23,7 @@ void KpnModifIndex::clear()
 void KpnModifIndex::_makeMarks(const Entries& entries)
 {
     _number = nextNumber();
-    for (std::size_t at = 0; at < entries.size(); ++at) {
+    for (int at = 0; at < entries.size(); ++at) {
         if (!_mark(entries, at)) {
             _makeTable(entries);
             return;
@@ -34,15 +34,15 @@ void KpnModifIndex::_makeMarks(const Entries& entries)
 void KpnModifIndex::_makeTable(const Entries& entries)
 {
     std::size_t size = 32;
-    while (size < entries.size() * 4)
+    while (size < std::size_t(entries.size()) * 4)
         size *= 2;
     _number = 0;
     _table.assign(size, 0);
-    for (std::size_t at = 0; at < entries.size(); ++at)
+    for (int at = 0; at < entries.size(); ++at)
         _place(entries, at);
 }
 
-void KpnModifIndex::_place(const Entries& entries, std::size_t at)
+void KpnModifIndex::_place(const Entries& entries, int at)
 {
     std::size_t slot = entries[at].path.hash() & _mask();
     while (_table[slot] != 0)
@@ -50,11 +50,11 @@ void KpnModifIndex::_place(const Entries& entries, std::size_t at)
     _table[slot] = std::uint32_t(at + 1);
 }
 
-std::size_t KpnModifIndex::_findInTable(const Entries& entries, const KpnPath& path) const
+int KpnModifIndex::_findInTable(const Entries& entries, const KpnPath& path) const
 {
     for (std::size_t slot = path.hash() & _mask(); _table[slot] != 0; slot = (slot + 1) & _mask()) {
-        if (entries[_table[slot] - 1].path == path)
-            return _table[slot] - 1;
+        if (entries[int(_table[slot] - 1)].path == path)
+            return int(_table[slot] - 1);
     }
     return entries.size();
 }

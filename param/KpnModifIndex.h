@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QVector>
+
 #include <param/KpnModif.h>
 
 #include <cstddef>
@@ -14,20 +16,20 @@
 class KpnModifIndex
 {
 public:
-    using Entries = std::vector<KpnModif::Entry>;
+    using Entries = QVector<KpnModif::Entry>;
 
     void clear();
     /// The place of the entry with `path`, which must be valid; the number of entries if there is none.
-    std::size_t find(const Entries& entries, const KpnPath& path);
+    int find(const Entries& entries, const KpnPath& path);
     /// Takes in the last entry.
     void add(const Entries& entries);
 
 private:
     void _makeMarks(const Entries& entries);
     void _makeTable(const Entries& entries);
-    bool _mark(const Entries& entries, std::size_t at) const;
-    void _place(const Entries& entries, std::size_t at);
-    std::size_t _findInTable(const Entries& entries, const KpnPath& path) const;
+    bool _mark(const Entries& entries, int at) const;
+    void _place(const Entries& entries, int at);
+    int _findInTable(const Entries& entries, const KpnPath& path) const;
     std::size_t _mask() const { return _table.size() - 1; }
 
     // Marks of this index bear this number; 0 if there are none.
@@ -36,7 +38,7 @@ private:
     std::vector<std::uint32_t> _table;
 };
 
-inline std::size_t KpnModifIndex::find(const Entries& entries, const KpnPath& path)
+inline int KpnModifIndex::find(const Entries& entries, const KpnPath& path)
 {
     if (_table.empty()) {
         if (_number == 0)
@@ -56,15 +58,15 @@ inline std::size_t KpnModifIndex::find(const Entries& entries, const KpnPath& pa
 
 inline void KpnModifIndex::add(const Entries& entries)
 {
-    const std::size_t at = entries.size() - 1;
-    if (_table.empty() ? _number != 0 && !_mark(entries, at) : entries.size() * 2 > _table.size())
+    const int at = entries.size() - 1;
+    if (_table.empty() ? _number != 0 && !_mark(entries, at) : std::size_t(entries.size()) * 2 > _table.size())
         _makeTable(entries);
     else if (!_table.empty())
         _place(entries, at);
 }
 
 // Whether the entry can be found by the mark of its origin, or is not valid and so never looked for.
-inline bool KpnModifIndex::_mark(const Entries& entries, std::size_t at) const
+inline bool KpnModifIndex::_mark(const Entries& entries, int at) const
 {
     const KpnPath& path = entries[at].path;
     if (!path.isValid())

@@ -32,7 +32,7 @@ public:
     struct Place
     {
         std::uint64_t index = 0;
-        std::size_t at = 0;
+        int at = 0;
     };
     Place place;
 

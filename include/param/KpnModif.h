@@ -148,6 +148,8 @@ private:
     mutable std::unique_ptr<QMap<KpnPath, Flags>> _map;
 };
 
+Q_DECLARE_TYPEINFO(KpnModif::Entry, Q_MOVABLE_TYPE);
+
 extern template class KESTRIN_PARAM_EXPORT KuoAObservable<KpnModif>;
 extern template class KESTRIN_PARAM_EXPORT KuoLock<KpnModif>;
 extern template class KESTRIN_PARAM_EXPORT KuoLockObserver<KpnModif>;
