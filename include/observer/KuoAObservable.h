@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QHash>
 #include <QtCore/QVarLengthArray>
 
 #include <basic/MbbDebug.h>
@@ -121,12 +122,15 @@ private:
     };
 
     static constexpr int MaxSendDepth = 100;
+    static constexpr int SearchUpTo = 32;
+    using Places = QHash<const KuoIObserver<Record>*, int>;
 
     bool _hasEntries() const { return !_slots.isEmpty() || _firstLock || _formerEntries; }
     Slot* _find(const KuoIObserver<Record>* observer) const;
     void _copy(const KuoAObservable& other);
     void _compress() const;
     void _removeEmptySlots() const;
+    int _placeOf(const KuoIObserver<Record>* observer) const;
     void _send(const Record& record, bool endsBatch = false) const;
     void _endBatch() const;
     void _collect(const Record& record) const;
@@ -137,12 +141,15 @@ private:
 
     // A removed observer leaves an empty slot until the next outermost send has ended.
     mutable QVarLengthArray<Slot, 1> _slots;
+    // Where many observe: the places of the observers, made when one is looked for.
+    mutable std::unique_ptr<Places> _places;
     mutable std::unique_ptr<Record> _pending;
     // Open batches observe too, but they have nothing to be told but the observable's death: they are linked through
     // themselves and take no slot.
     mutable KuoLock<Record>* _firstLock = nullptr;
     mutable Sending* _sending = nullptr;
     mutable int _sendDepth = 0;
+    mutable int _emptySlots = 0;
     mutable bool _locked = false;
     mutable bool _observableLocked = false;
     // Entries have been removed that count as present until the next outermost send has ended.
@@ -170,9 +177,27 @@ auto KuoAObservable<Record>::_find(const KuoIObserver<Record>* observer) const -
 {
     if (!observer)
         return nullptr;
+    if (_slots.size() > SearchUpTo) {
+        const int place = _placeOf(observer);
+        return place < 0 ? nullptr : &_slots[place];
+    }
     const auto found =
         std::find_if(_slots.begin(), _slots.end(), [&](const Slot& slot) { return slot.observer == observer; });
     return found == _slots.end() ? nullptr : &*found;
+}
+
+template <class Record>
+int KuoAObservable<Record>::_placeOf(const KuoIObserver<Record>* observer) const
+{
+    if (!_places) {
+        _places = std::make_unique<Places>();
+        _places->reserve(_slots.size());
+        for (int i = 0; i < _slots.size(); ++i) {
+            if (_slots[i].observer)
+                _places->insert(_slots[i].observer, i);
+        }
+    }
+    return _places->value(observer, -1);
 }
 
 template <class Record>
@@ -180,9 +205,11 @@ void KuoAObservable<Record>::addObserver(KuoIObserver<Record>* observer) const
 {
     if (!observer || _find(observer))
         return;
-    if (_slots.size() == _slots.capacity() && _sendDepth <= 0)
+    if (_slots.size() == _slots.capacity() && _sendDepth <= 0 && _emptySlots * 2 >= _slots.size())
         _removeEmptySlots();
     _slots.append(Slot{observer, 0});
+    if (_places)
+        _places->insert(observer, _slots.size() - 1);
 }
 
 template <class Record>
@@ -192,9 +219,12 @@ void KuoAObservable<Record>::removeObserver(KuoIObserver<Record>* observer) cons
     if (!slot)
         return;
     slot->observer = nullptr;
+    ++_emptySlots;
+    if (_places)
+        _places->remove(observer);
     _formerEntries = true;
     if (_sendDepth <= 0) {
-        while (!_slots.isEmpty() && !_slots.last().observer)
+        for (; !_slots.isEmpty() && !_slots.last().observer; --_emptySlots)
             _slots.removeLast();
     }
 }
@@ -335,15 +365,20 @@ void KuoAObservable<Record>::_compress() const
 template <class Record>
 void KuoAObservable<Record>::_removeEmptySlots() const
 {
+    if (_emptySlots == 0)
+        return;
     const auto end = std::remove_if(_slots.begin(), _slots.end(), [](const Slot& slot) { return !slot.observer; });
-    if (end != _slots.end())
-        _slots.resize(int(end - _slots.begin()));
+    _slots.resize(int(end - _slots.begin()));
+    _places.reset();
+    _emptySlots = 0;
 }
 
 template <class Record>
 void KuoAObservable<Record>::_copy(const KuoAObservable& other)
 {
     _slots = other._slots;
+    _places.reset();
+    _emptySlots = other._emptySlots;
     _pending = other._pending ? std::make_unique<Record>(*other._pending) : nullptr;
     _sendDepth = other._sendDepth;
     _locked = other._locked;

@@ -4,8 +4,10 @@
 #include <support/RecordedMessages.h>
 
 #include <functional>
+#include <memory>
 #include <stdexcept>
 #include <typeinfo>
+#include <vector>
 
 namespace {
 
@@ -1065,4 +1067,79 @@ TEST(KuoLockObserver, ForgetsOnlyItsOwnObservableAndEndsWellWithoutItsObserver)
     source.addObserver(&a);
     source.notify("x");
     EXPECT_EQ(a.heard, QStringList("x"));
+}
+
+namespace {
+
+// Says in which order it and the others of its kind are called.
+class Numbered : public KuoIObserver<Words>
+{
+public:
+    Numbered(int number, QList<int>& calls) : _number(number), _calls(calls) {}
+    ~Numbered() override = default;
+    void update(const Words&) override { _calls.append(_number); }
+
+private:
+    int _number;
+    QList<int>& _calls;
+};
+
+} // namespace
+
+TEST(KuoAObservable, CallsThoseOfManyThatAreLeftInTheOrderOfTheirArrival)
+{
+    QList<int> calls;
+    std::vector<std::unique_ptr<Numbered>> observers;
+    Source source;
+    QList<int> expected;
+    for (int i = 0; i < 200; ++i) {
+        observers.push_back(std::make_unique<Numbered>(i, calls));
+        source.addObserver(observers.back().get());
+        source.addObserver(observers.back().get());
+        if (i >= 3 && i % 3 == 0)
+            source.removeObserver(observers[std::size_t(i - 3)].get());
+    }
+    for (int i = 0; i < 200; ++i) {
+        if (i % 3 != 0 || i == 198)
+            expected.append(i);
+    }
+    source.notify("x");
+    EXPECT_EQ(calls, expected);
+
+    calls.clear();
+    source.lockObserver(observers[100].get(), true);
+    source.removeObserver(observers[0].get());
+    source.addObserver(observers[0].get());
+    expected.removeOne(100);
+    expected.append(0);
+    source.notify("x");
+    EXPECT_EQ(calls, expected);
+}
+
+TEST(KuoAObservable, LetsManyGoWhileItSends)
+{
+    QList<int> calls;
+    std::vector<std::unique_ptr<Numbered>> observers;
+    Listener first;
+    Source source;
+    source.addObserver(&first);
+    for (int i = 0; i < 100; ++i) {
+        observers.push_back(std::make_unique<Numbered>(i, calls));
+        source.addObserver(observers.back().get());
+    }
+    first.reaction = [&](const Words&) {
+        for (int i = 0; i < 100; i += 2)
+            source.removeObserver(observers[std::size_t(i)].get());
+    };
+    source.notify("x");
+    EXPECT_EQ(calls.size(), 50);
+    EXPECT_EQ(calls.first(), 1);
+    EXPECT_EQ(calls.last(), 99);
+
+    calls.clear();
+    first.reaction = nullptr;
+    source.removeObserver(observers[99].get());
+    source.notify("x");
+    EXPECT_EQ(calls.size(), 49);
+    EXPECT_EQ(calls.last(), 97);
 }
