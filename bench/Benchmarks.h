@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Allocations.h"
+#include "Texts.h"
 
 #include <benchmark/benchmark.h>
 
@@ -26,4 +27,14 @@ inline void require(benchmark::State& state, bool done, const char* message)
 {
     if (!done)
         state.SkipWithError(message);
+}
+
+/// Reads the texts on a side without a tree.
+template <class Side>
+void readTexts(benchmark::State& state, Texts texts)
+{
+    double sum = 0.0;
+    for (auto _ : state)
+        sum = Side::sum(texts.next());
+    require(state, sum > 0.0, "the text was not read");
 }

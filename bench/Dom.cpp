@@ -41,7 +41,7 @@ Dom::Root Dom::build(const Plan& plan)
     return document;
 }
 
-QByteArray Dom::save(const Plan& plan, double offset)
+QByteArray Dom::saveTree(const Plan& plan, double offset)
 {
     QDomDocument document = makeDocument();
     QDomElement root = document.documentElement();

@@ -7,6 +7,7 @@
 /// QDomDocument alone: the document is the tree.
 struct Dom
 {
+    using Plan = ::Plan;
     using Root = QDomDocument;
 
     static constexpr const char* name = "dom";
@@ -15,7 +16,8 @@ struct Dom
     static Root build(const Plan& plan);
     static Root duplicate(const Root& root) { return root.cloneNode(true).toDocument(); }
     /// The text that the library makes of a tree of this plan, with `offset` added to each value.
-    static QByteArray save(const Plan& plan, double offset = 0.0);
+    static QByteArray saveTree(const Plan& plan, double offset);
+    static QByteArray save(const Plan& plan) { return saveTree(plan, 0.0); }
     /// The text that the library makes of a list with the values of this plan, with `offset` added to each.
     static QByteArray saveList(const Plan& plan, double offset);
     /// The sum of the values in the text of a tree or a list.

@@ -10,16 +10,19 @@
 /// QObject with properties and signals. Its texts are made and read by QDomDocument.
 struct Plain
 {
+    using Plan = ::Plan;
     using Leaf = PlainLeaf;
     using Group = PlainGroup;
     using List = PlainList;
     using Root = std::unique_ptr<Group>;
 
+    static constexpr bool merges = false;
+
     /// Signals know no batches.
     class Batch
     {
     public:
-        explicit Batch(const Group*) {}
+        explicit Batch(const PlainNode*) {}
         void commit() {}
     };
 
@@ -34,6 +37,7 @@ struct Plain
         Observer(const Observer&) = delete;
         Observer& operator=(const Observer&) = delete;
 
+        qint64 getRecords() const { return _changes; }
         qint64 getChanges() const { return _changes; }
 
     private:
@@ -47,6 +51,18 @@ struct Plain
     static Root makeGroup(const QString& key, const QString& label);
     static void add(Group& group, std::unique_ptr<PlainNode> child) { group.add(child.release()); }
     static Group& getGroup(const Group& root, const QString& key) { return static_cast<Group&>(*root.getNode(key)); }
+    static Leaf& getLeaf(const Group& root, const QString& group, const QString& leaf)
+    {
+        return static_cast<Leaf&>(*getGroup(root, group).getNode(leaf));
+    }
+    static double getValue(const Group& root, const QString& group, const QString& leaf)
+    {
+        return getLeaf(root, group, leaf).getValue();
+    }
+    static void setValue(const Group& root, const QString& group, const QString& leaf, double value)
+    {
+        getLeaf(root, group, leaf).setValue(value);
+    }
     static void remove(Group& group, const QString& key) { group.remove(key); }
     static void collectLeaves(const Group& group, std::vector<Leaf*>& leaves);
 

@@ -2,27 +2,52 @@
 
 #include <map>
 
-Plan::Plan(int leafCount)
+namespace {
+
+template <class String>
+String numbered(const char* text, int number);
+
+template <>
+std::string numbered(const char* text, int number)
 {
-    for (int i = 0; i < leafCount; ++i)
-        _leaves.push_back({QStringLiteral("LEAF_%1").arg(i), QStringLiteral("Leaf %1").arg(i), 0.5 + 0.37 * i});
-    for (int i = 0; i < leafCount / GroupSize; ++i)
-        _groups.push_back({QStringLiteral("GROUP_%1").arg(i), QStringLiteral("Group %1").arg(i), 0.0});
+    return text + std::to_string(number);
 }
 
-const Plan& Plan::of(int leafCount)
+template <>
+QString numbered(const char* text, int number)
 {
-    static std::map<int, Plan> plans;
+    return QString::fromStdString(numbered<std::string>(text, number));
+}
+
+} // namespace
+
+template <class String>
+BasicPlan<String>::BasicPlan(int leafCount)
+{
+    for (int i = 0; i < leafCount; ++i)
+        _leaves.push_back({numbered<String>("LEAF_", i), numbered<String>("Leaf ", i), 0.5 + 0.37 * i});
+    for (int i = 0; i < leafCount / GroupSize; ++i)
+        _groups.push_back({numbered<String>("GROUP_", i), numbered<String>("Group ", i), 0.0});
+}
+
+template <class String>
+const BasicPlan<String>& BasicPlan<String>::of(int leafCount)
+{
+    static std::map<int, BasicPlan> plans;
     auto plan = plans.find(leafCount);
     if (plan == plans.end())
-        plan = plans.emplace(leafCount, Plan(leafCount)).first;
+        plan = plans.emplace(leafCount, BasicPlan(leafCount)).first;
     return plan->second;
 }
 
-QList<double> Plan::getValues(double offset) const
+template <class String>
+QList<double> BasicPlan<String>::getValues(double offset) const
 {
     QList<double> values;
     for (const Row& leaf : _leaves)
         values.append(leaf.value + offset);
     return values;
 }
+
+template class BasicPlan<QString>;
+template class BasicPlan<std::string>;

@@ -3,17 +3,19 @@
 #include <QtCore/QList>
 #include <QtCore/QString>
 
+#include <string>
 #include <vector>
 
 /// What a tree of doubles is to be built of, the same for all sides: groups of 20 leaves with keys, labels, bounds and
-/// values. Plans are made once; all rows share the bounds.
-class Plan
+/// values, the texts in the string of the side. Plans are made once; all rows share the bounds.
+template <class String>
+class BasicPlan
 {
 public:
     struct Row
     {
-        QString key;
-        QString label;
+        String key;
+        String label;
         double value;
     };
 
@@ -23,7 +25,7 @@ public:
     static constexpr double Maximum = 1e6;
 
     /// The plan with this number of leaves, a multiple of 20.
-    static const Plan& of(int leafCount);
+    static const BasicPlan& of(int leafCount);
 
     const std::vector<Row>& getLeaves() const { return _leaves; }
     const std::vector<Row>& getGroups() const { return _groups; }
@@ -41,8 +43,14 @@ public:
     }
 
 private:
-    explicit Plan(int leafCount);
+    explicit BasicPlan(int leafCount);
 
     std::vector<Row> _leaves;
     std::vector<Row> _groups;
 };
+
+using Plan = BasicPlan<QString>;
+using StdPlan = BasicPlan<std::string>;
+
+extern template class BasicPlan<QString>;
+extern template class BasicPlan<std::string>;

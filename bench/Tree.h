@@ -6,8 +6,9 @@
 #include <memory>
 #include <vector>
 
-// A side is a way to do the work: `Kestrin` with the library, `Plain` with QObject, `Dom` with QDomDocument. The first
-// two have the same operations and share what is here.
+// A side is a way to do the work: `Kestrin` with the library, `Plain` with QObject, `Dom` with QDomDocument, `Stream`
+// with QXmlStreamWriter and QXmlStreamReader, `Trilinos` with Teuchos. The first two have the same operations and share
+// what is here.
 
 /// A root with groups of 20 leaves.
 template <class Side>
@@ -26,6 +27,15 @@ std::unique_ptr<typename Side::Group> buildTree(const Plan& plan)
         },
         [&](const Plan::Row& row) { Side::add(*group, Side::makeLeaf(row)); });
     close();
+    return root;
+}
+
+/// A root with a group, which has groups of 20 leaves: three levels down.
+template <class Side>
+std::unique_ptr<typename Side::Group> buildDeepTree(const Plan& plan)
+{
+    auto root = Side::makeGroup(QStringLiteral("ROOT"), QStringLiteral("Root"));
+    Side::add(*root, buildTree<Side>(plan));
     return root;
 }
 

@@ -1,4 +1,7 @@
 #include "Benchmarks.h"
+#ifdef KESTRIN_BENCH_TEUCHOS
+#include "Trilinos.h"
+#endif
 
 #include <QtCore/QtGlobal>
 
@@ -23,6 +26,9 @@ int main(int argc, char** argv)
         return 1;
     benchmark::AddCustomContext("compiler", compiler);
     benchmark::AddCustomContext("Qt", qVersion());
+#ifdef KESTRIN_BENCH_TEUCHOS
+    benchmark::AddCustomContext("Teuchos", Trilinos::getVersion());
+#endif
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
