@@ -145,7 +145,7 @@ QDomDocument keepsake(const QDomElement& element)
 /// Gives whether the element is now one that the parameter can read.
 bool bringToVersion(const KpbAParameter& parameter, QDomElement& element)
 {
-    const int version = element.attribute(versionAttribute, QStringLiteral("1")).toInt();
+    const int version = element.hasAttribute(versionAttribute) ? element.attribute(versionAttribute).toInt() : 1;
     if (version > parameter.getVersion()) {
         MbbDebug::printWarning(
             QStringLiteral("Cannot load parameter '%1' because version is too recent.").arg(parameter.getKey()));

@@ -4,6 +4,7 @@
 #include <QtCore/QXmlStreamReader>
 
 #include <util/KuxXml.h>
+#include <util/KuxXmlPlainReader.h>
 
 #include <algorithm>
 #include <new>
@@ -332,6 +333,8 @@ QDomDocument read(const QByteArray& bytes, const KuxXmlLimits& limits)
 {
     if (bytes.size() > std::min(limits.maxBytes, mostBytes))
         refuse(QStringLiteral("The document is larger than %1 bytes.").arg(std::min(limits.maxBytes, mostBytes)));
+    if (const auto plain = KuxXmlPlainReader::read(bytes, limits))
+        return *plain;
     QByteArray utf8 = inUtf8(bytes);
     Inspection(utf8, limits).run();
     QBuffer buffer(&utf8);

@@ -1,27 +1,11 @@
 #include <util/KuxXml.h>
+#include <util/KuxXmlOutput.h>
 
 #include <algorithm>
 #include <tuple>
 #include <vector>
 
 namespace {
-
-QString escapedText(const QString& text)
-{
-    return KuxXml::removeForbiddenCharacters(text)
-        .replace(QLatin1Char('&'), QLatin1String("&amp;"))
-        .replace(QLatin1Char('<'), QLatin1String("&lt;"))
-        .replace(QLatin1Char('>'), QLatin1String("&gt;"))
-        .replace(QLatin1Char('\r'), QLatin1String("&#13;"));
-}
-
-QString escapedAttribute(const QString& text)
-{
-    return escapedText(text)
-        .replace(QLatin1Char('"'), QLatin1String("&quot;"))
-        .replace(QLatin1Char('\t'), QLatin1String("&#9;"))
-        .replace(QLatin1Char('\n'), QLatin1String("&#10;"));
-}
 
 QString cdata(const QString& text)
 {
@@ -30,12 +14,6 @@ QString cdata(const QString& text)
                .replace(QLatin1String("]]>"), QLatin1String("]]]]><![CDATA[>"))
                .replace(QLatin1Char('\r'), QLatin1String("]]>&#13;<![CDATA[")) +
            QLatin1String("]]>");
-}
-
-/// Text of blanks alone becomes CDATA, since readers drop it otherwise.
-QString textNode(const QString& text)
-{
-    return KuxXml::isBlank(text) && !text.isEmpty() ? cdata(text) : escapedText(text);
 }
 
 QString comment(const QString& text)
@@ -80,32 +58,28 @@ int rankOf(const QString& attribute)
     return index < 0 ? first.size() : index;
 }
 
-QString attributesOf(const QDomElement& element)
+struct Attribute
 {
-    const QDomNamedNodeMap map = element.attributes();
-    std::vector<std::tuple<int, QString, QString>> attributes;
-    for (int i = 0; i < map.count(); ++i) {
-        const QDomAttr attribute = map.item(i).toAttr();
-        attributes.emplace_back(rankOf(attribute.name()), attribute.name(), attribute.value());
+    int rank;
+    QString name;
+    QString value;
+    friend bool operator<(const Attribute& a, const Attribute& b)
+    {
+        return std::tie(a.rank, a.name, a.value) < std::tie(b.rank, b.name, b.value);
     }
-    std::sort(attributes.begin(), attributes.end());
-    QString text;
-    for (const auto& [rank, name, value] : attributes)
-        text += QLatin1Char(' ') + name + QLatin1String("=\"") + escapedAttribute(value) + QLatin1Char('"');
-    return text;
-}
+};
 
 bool isInline(const QDomNode& node)
 {
     return node.isText() || node.isEntityReference();
 }
 
-bool hasInlineChild(const QDomNode& element)
+/// Whether `node` or one behind it belongs on one line with the others.
+bool hasInline(QDomNode node)
 {
-    for (QDomNode node = element.firstChild(); !node.isNull(); node = node.nextSibling())
-        if (isInline(node))
-            return true;
-    return false;
+    while (!node.isNull() && !isInline(node))
+        node = node.nextSibling();
+    return !node.isNull();
 }
 
 /// Writes the nodes of a document in document order.
@@ -114,11 +88,12 @@ class Writer
 public:
     QByteArray run(const QDomDocument& document)
     {
-        _text = QLatin1String("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n") + documentType(document.doctype());
+        _out.appendBytes("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+        _out.append(documentType(document.doctype()));
         for (QDomNode node = document.firstChild(); !node.isNull(); node = node.nextSibling())
             if (!_isDeclaration(node) && !node.isDocumentType())
                 _writeTree(node);
-        return _text.toUtf8();
+        return _out.take();
     }
 
 private:
@@ -130,58 +105,100 @@ private:
     void _writeTree(const QDomNode& top)
     {
         QDomNode node = top;
-        _open(node);
-        while (!node.isNull()) {
-            if (node.isElement() && node.hasChildNodes()) {
-                node = node.firstChild();
-                _open(node);
-                continue;
+        while (true) {
+            QDomNode next = _open(node);
+            while (next.isNull()) {
+                if (node == top)
+                    return;
+                next = node.nextSibling();
+                if (next.isNull()) {
+                    node = node.parentNode();
+                    _close(node);
+                }
             }
-            while (node != top && node.nextSibling().isNull()) {
-                node = node.parentNode();
-                _close(node);
-            }
-            node = node == top ? QDomNode() : node.nextSibling();
-            if (!node.isNull())
-                _open(node);
+            node = next;
         }
     }
 
-    /// Writes the node, or the start tag of an element that holds something.
-    void _open(const QDomNode& node)
+    /// Writes the node, or the start tag of an element that holds something. Gives the first node in it.
+    QDomNode _open(const QDomNode& node)
     {
         _indent();
         if (node.isElement())
             return _startTag(node.toElement());
-        _text += _leaf(node);
+        _writeLeaf(node);
         _endLine();
+        return {};
     }
 
-    static QString _leaf(const QDomNode& node)
+    void _writeLeaf(const QDomNode& node)
     {
         if (node.isCDATASection())
-            return cdata(node.nodeValue());
+            return _out.append(cdata(node.nodeValue()));
         if (node.isText())
-            return textNode(node.nodeValue());
+            return _writeText(node.nodeValue());
         if (node.isComment())
-            return comment(node.nodeValue());
+            return _out.append(comment(node.nodeValue()));
         if (node.isProcessingInstruction())
-            return instruction(node.toProcessingInstruction());
-        return QLatin1Char('&') + node.nodeName() + QLatin1Char(';');
+            return _out.append(instruction(node.toProcessingInstruction()));
+        _out.append('&');
+        _out.append(node.nodeName());
+        _out.append(';');
     }
 
-    void _startTag(const QDomElement& element)
+    /// Text of blanks alone becomes CDATA, since readers drop it otherwise.
+    void _writeText(const QString& text)
     {
-        _text += QLatin1Char('<') + element.tagName() + attributesOf(element);
-        if (!element.hasChildNodes()) {
-            _text += QLatin1String("/>");
-            return _endLine();
+        if (KuxXml::isBlank(text) && !text.isEmpty())
+            _out.append(cdata(text));
+        else
+            _out.appendText(text);
+    }
+
+    QDomNode _startTag(const QDomElement& element)
+    {
+        _out.append('<');
+        _out.append(element.tagName());
+        _writeAttributes(element);
+        QDomNode first = element.firstChild();
+        if (first.isNull()) {
+            _out.appendBytes("/>");
+            _endLine();
+            return first;
         }
-        _text += QLatin1Char('>');
-        if (_inlineDepth < 0 && hasInlineChild(element))
+        _out.append('>');
+        if (_inlineDepth < 0 && hasInline(first))
             _inlineDepth = _depth;
         _endLine();
         ++_depth;
+        return first;
+    }
+
+    void _writeAttributes(const QDomElement& element)
+    {
+        const QDomNamedNodeMap map = element.attributes();
+        const int count = map.count();
+        if (count == 1) {
+            const QDomAttr attribute = map.item(0).toAttr();
+            return _writeAttribute(attribute.name(), attribute.value());
+        }
+        _attributes.clear();
+        for (int i = 0; i < count; ++i) {
+            const QDomAttr attribute = map.item(i).toAttr();
+            _attributes.push_back({rankOf(attribute.name()), attribute.name(), attribute.value()});
+        }
+        std::sort(_attributes.begin(), _attributes.end());
+        for (const Attribute& attribute : _attributes)
+            _writeAttribute(attribute.name, attribute.value);
+    }
+
+    void _writeAttribute(const QString& name, const QString& value)
+    {
+        _out.append(' ');
+        _out.append(name);
+        _out.appendBytes("=\"");
+        _out.appendAttributeValue(value);
+        _out.append('"');
     }
 
     void _close(const QDomNode& element)
@@ -190,23 +207,27 @@ private:
         _indent();
         if (_inlineDepth == _depth)
             _inlineDepth = -1;
-        _text += QLatin1String("</") + element.nodeName() + QLatin1Char('>');
+        _out.appendBytes("</");
+        _out.append(element.nodeName());
+        _out.append('>');
         _endLine();
     }
 
     void _indent()
     {
         if (_inlineDepth < 0)
-            _text += QString(_depth, QLatin1Char(' '));
+            _out.appendBlanks(_depth);
     }
 
     void _endLine()
     {
         if (_inlineDepth < 0)
-            _text += QLatin1Char('\n');
+            _out.append('\n');
     }
 
-    QString _text;
+    KuxXmlOutput _out;
+    /// Those of one element, in memory that is used again.
+    std::vector<Attribute> _attributes;
     int _depth = 0;
     /// The depth of the element whose content stands on one line, or -1.
     int _inlineDepth = -1;

@@ -73,6 +73,7 @@ protected:
     static QString _itemIdToItemKey(int id);
     /// What the labels of the items begin with that nobody has changed by hand.
     static QString _labelPrefix(const QString& prototypeLabel);
+    static QString _numbered(const QString& prefix, int number);
     /// Whether `label` is `prefix` and `number`.
     static bool _isNumbered(const QString& label, const QString& prefix, int number);
     static QString _debugLines(const KpbAParameter& prototype, int itemCount, int keyCounter);

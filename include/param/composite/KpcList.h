@@ -189,7 +189,7 @@ public:
     Rebuild(KpcList& list, const KuoLock<KpnModif>& lock)
         : pool(list._items),
           outer(list._rebuild),
-          labelPrefix(_labelPrefix(list._prototype->getLabel())),
+          _prefix(_labelPrefix(list._prototype->getLabel())),
           _list(list),
           _lock(lock)
     {
@@ -216,6 +216,15 @@ public:
         while (T* item = takeNextLeft())
             _list._insert(item);
     }
+    /// The label of the item behind those that no key has named. It is mostly the one of last time, and the items then
+    /// share it.
+    const QString& labelBehindLeft()
+    {
+        const int number = pool.count() + 1;
+        if (std::exchange(_labelNumber, number) != number)
+            _label = _numbered(_prefix, number);
+        return _label;
+    }
     /// An item that no key has named; null after the last.
     T* takeNextLeft() { return static_cast<T*>(pool.takeNext()); }
     bool forget(const KuoAObservable<KpnModif>* item)
@@ -235,9 +244,11 @@ public:
     QList<T*> kept;
     T* current = nullptr;
     Rebuild* const outer;
-    const QString labelPrefix;
 
 private:
+    const QString _prefix;
+    QString _label;
+    int _labelNumber = 0;
     KpcList& _list;
     const KuoLock<KpnModif>& _lock;
 };
@@ -306,7 +317,7 @@ void KpcList<T>::_appendItem(T* item)
 {
     const quint64 changesBefore = _labelChanges();
     const bool known = _labelledCount == getItemCount() && (_items.isEmpty() || changesBefore == _labelledAt);
-    item->setLabel(_labelPrefix(_prototype->getLabel()) + QString::number(getItemCount() + 1));
+    item->setLabel(_numbered(_labelPrefix(_prototype->getLabel()), getItemCount() + 1));
     _plug(item);
     if (!known || _labelChanges() > changesBefore + 1)
         return;
@@ -395,7 +406,7 @@ void KpcList<T>::_relabel(const QString& prefix, Relabel which)
             if (_isNumbered(item->getLabel(), prefix, i + 1))
                 continue;
             ++changes;
-            item->setLabel(prefix + QString::number(i + 1));
+            item->setLabel(_numbered(prefix, i + 1));
         }
     }
     if (!lock.isAlive())
@@ -557,7 +568,7 @@ bool KpcList<T>::_rebuildItem(Rebuild& rebuild, const QString& key, int rank, co
     if (!rebuild.current) {
         rebuild.current = _createItem(key);
         // Numbered behind those that are left, until all have their place.
-        rebuild.current->setLabel(rebuild.labelPrefix + QString::number(rebuild.pool.count() + 1));
+        rebuild.current->setLabel(rebuild.labelBehindLeft());
         rebuild.current->setParent(this);
         rebuild.current->addObserver(this);
     }

@@ -193,7 +193,7 @@ QList<Value> KplAAtomicList<Item, Value, Config>::_fixValues(const QList<Value>&
     KplDistinctValues<Value> distinct;
     for (const Value& value : values) {
         const Value admissible = config.fix(value, fallback);
-        if (!_unique || (!distinct.contains(admissible) && distinct.add(admissible)))
+        if (!_unique || distinct.admit(admissible))
             fixed.append(admissible);
     }
     return fixed;
@@ -520,7 +520,7 @@ void KplAAtomicList<Item, Value, Config>::unserializeAtomicItems(const QStringLi
         this->_rebuildItems(keys, [&](const QList<Item*>&, Item* item, int rank) {
             const KuoPointer<KpbAParameter> guarded(item);
             item->unserialize(maps.value(rank));
-            return guarded && (!_unique || (!distinct.contains(item->getValue()) && distinct.add(item->getValue())));
+            return guarded && (!_unique || distinct.admit(item->getValue()));
         });
     }
     lock.commit();

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cmath>
 #include <concepts>
+#include <limits>
 #include <unordered_set>
 
 /// A number that is the same for equal units.
@@ -32,6 +33,8 @@ public:
         _values.append(value);
         return true;
     }
+    /// The same, but only what is new counts from now on.
+    bool admit(const Value& value) { return add(value); }
 
 private:
     QList<Value> _values;
@@ -54,6 +57,7 @@ public:
         _values.insert(value);
         return _values.size() != known;
     }
+    bool admit(const Value& value) { return add(value); }
 
 private:
     QSet<Value> _values;
@@ -70,17 +74,7 @@ public:
             return false;
         if (_isExact(value))
             return _exact.count(value) != 0;
-        const qint64 cell = _cellOf(value);
-        const auto endsIn = [&](qint64 below) {
-            const auto found = _cells.constFind(below);
-            return found != _cells.constEnd() && value - found->greatest < Tolerance;
-        };
-        const auto beginsIn = [&](qint64 above) {
-            const auto found = _cells.constFind(above);
-            return found != _cells.constEnd() && found->least - value < Tolerance;
-        };
-        return _cells.contains(cell) || endsIn(cell - 1) || endsIn(cell - 2) || beginsIn(cell + 1) ||
-               beginsIn(cell + 2);
+        return _cells.contains(_cellOf(value)) || _hasNeighbour(value);
     }
     bool add(double value)
     {
@@ -88,21 +82,35 @@ public:
             return true;
         if (_isExact(value))
             return _exact.insert(value).second;
-        const bool isNew = !contains(value);
-        const auto found = _cells.find(_cellOf(value));
-        if (found == _cells.end())
-            _cells.insert(_cellOf(value), {value, value});
-        else
-            *found = {std::min(found->least, value), std::max(found->greatest, value)};
+        Cell& cell = _cells[_cellOf(value)];
+        const bool isNew = cell.isEmpty() && !_hasNeighbour(value);
+        cell = {std::min(cell.least, value), std::max(cell.greatest, value)};
         return isNew;
+    }
+    /// The same, but only what is new counts from now on.
+    bool admit(double value)
+    {
+        if (std::isnan(value))
+            return true;
+        if (_isExact(value))
+            return _exact.insert(value).second;
+        if (_hasNeighbour(value))
+            return false;
+        const int known = _cells.size();
+        Cell& cell = _cells[_cellOf(value)];
+        if (_cells.size() == known)
+            return false;
+        cell = {value, value};
+        return true;
     }
 
 private:
     // The values of one cell are all equal.
     struct Cell
     {
-        double least;
-        double greatest;
+        double least = std::numeric_limits<double>::infinity();
+        double greatest = -std::numeric_limits<double>::infinity();
+        bool isEmpty() const { return least > greatest; }
     };
 
     static constexpr double Tolerance = 1e-10;
@@ -112,6 +120,20 @@ private:
 
     // Neighbouring numbers are further apart than the tolerance.
     static bool _isExact(double value) { return std::abs(value) >= ExactFrom; }
+    /// Whether a value in another cell is equal.
+    bool _hasNeighbour(double value) const
+    {
+        const qint64 cell = _cellOf(value);
+        const auto endsIn = [&](qint64 below) {
+            const auto found = _cells.constFind(below);
+            return found != _cells.constEnd() && value - found->greatest < Tolerance;
+        };
+        const auto beginsIn = [&](qint64 above) {
+            const auto found = _cells.constFind(above);
+            return found != _cells.constEnd() && found->least - value < Tolerance;
+        };
+        return endsIn(cell - 1) || endsIn(cell - 2) || beginsIn(cell + 1) || beginsIn(cell + 2);
+    }
     static qint64 _cellOf(double value) { return qint64(std::floor(value * CellsPerUnit)); }
 
     QHash<qint64, Cell> _cells;
