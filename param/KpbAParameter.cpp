@@ -1,5 +1,5 @@
-#include <param/KpnLife.h>
 #include <param/KpbAParameter.h>
+#include <param/KpnLife.h>
 
 #include <basic/MbbDebug.h>
 #include <basic/MbbHtml.h>
@@ -231,12 +231,9 @@ void KpbAParameter::_notify(const Kp::NotificationFlags& flags)
         notify(KpnModif(flags, this));
 }
 
-void KpbAParameter::_notifyBatch(const Kp::NotificationFlags& flags)
+void KpbAParameter::_sendBatch(Kp::NotificationFlags flags)
 {
-    if (_isUnheard())
-        _emptyBatch();
-    else
-        KuoAObservable::_notifyBatch(KpnModif(flags, this));
+    KuoAObservable::_notifyBatch(KpnModif(flags, this));
 }
 
 void KpbAParameter::_deepNotify(const Kp::NotificationFlags& flags)
@@ -253,11 +250,6 @@ void KpbAParameter::_deepNotify(const Kp::NotificationFlags& flags)
             child->_deepNotify(flags);
     }
     lock.commit();
-}
-
-bool KpbAParameter::_setAutoFlag(bool automatic)
-{
-    return std::exchange(_automatic, automatic) != automatic;
 }
 
 void KpbAParameter::_trySetValueAuto()

@@ -1,5 +1,5 @@
-#include <param/KpnLife.h>
 #include <param/KpbAParameter.h>
+#include <param/KpnLife.h>
 
 std::atomic<std::uint64_t> KpnLife::_deaths{0};
 

@@ -14,6 +14,8 @@
 #include <param/KuoPointer.h>
 #include <util/KuoAGuarded.h>
 
+#include <utility>
+
 class KpnLife;
 
 /// Base of everything that stands in a parameter tree. It has the parameter's identity (kind, key, label), its place
@@ -126,11 +128,17 @@ protected:
 
     void _notify(const Kp::NotificationFlags& flags);
     /// The same as a batch in which `_notify(flags)` is called; an observer may destroy this parameter.
-    void _notifyBatch(const Kp::NotificationFlags& flags);
+    void _notifyBatch(const Kp::NotificationFlags& flags)
+    {
+        if (_isUnheard())
+            _emptyBatch();
+        else
+            _sendBatch(flags);
+    }
     /// Notifies this parameter and everything below it. Observers of this parameter get one record.
     void _deepNotify(const Kp::NotificationFlags& flags);
     /// Stores the automatic flag; gives whether it changed. Silent.
-    bool _setAutoFlag(bool automatic);
+    bool _setAutoFlag(bool automatic) { return std::exchange(_automatic, automatic) != automatic; }
     void _setAutomaticValueInitialized(bool initialized) { _automaticValueInitialized = initialized; }
     void _trySetValueAuto();
     /// How often a label has been changed in the process: while it stays, all labels do.
@@ -142,6 +150,7 @@ private:
 
     KpnLife* _getLife() const { return _life ? _life : _makeLife(); }
     KpnLife* _makeLife() const;
+    void _sendBatch(Kp::NotificationFlags flags);
     void _store(bool& flag, bool value, Kp::NotificationFlag notification);
     void _debugLine(QTextStream& stream, int depth) const;
     void _debugBlock(QTextStream& stream, int depth) const;

@@ -20,21 +20,43 @@ QString debugNumber(double value)
 {
     return value == MbbGlobal::D_FFFF ? MbbGlobal::STR_NA : QString::number(value, 'g', significantDigits);
 }
+
+const MbuEUnitClass* constant(const MbuEUnitClass& unitClass)
+{
+    return unitClass == MbuEUnitClass::NONE ? &MbuEUnitClass::NONE : &MbuEUnitClass::fromValue(unitClass.getValue());
+}
+
+bool isSame(const MbbStringFormat& a, const MbbStringFormat& b)
+{
+    const MbuUnit& unitA = a.getDisplayUnit();
+    const MbuUnit& unitB = b.getDisplayUnit();
+    return a == b && unitA.getSymbol() == unitB.getSymbol() && unitA.getName() == unitB.getName();
+}
+
+/// The user's present format for the unit class. As long as it stays, calls in a row share it.
+std::shared_ptr<const MbbStringFormat> userFormat(const MbuEUnitClass& unitClass)
+{
+    thread_local std::shared_ptr<const MbbStringFormat> last;
+    MbbStringFormat present = MbbUserStringFormats::getStringFormat(unitClass);
+    if (!last || !isSame(*last, present))
+        last = std::make_shared<const MbbStringFormat>(std::move(present));
+    return last;
+}
 } // namespace
 
 KpaDoubleConfig::KpaDoubleConfig() : KpaDoubleConfig(MbuEUnitClass::NONE, 1) {}
 
 KpaDoubleConfig::KpaDoubleConfig(const MbuEUnitClass& unitClass, int powerValue)
-    : _unitClass(unitClass),
-      _powerValue(powerValue),
-      _customFormat(MbbUserStringFormats::getStringFormat(unitClass))
+    : _powerValue(powerValue),
+      _unitClass(constant(unitClass)),
+      _customFormat(userFormat(unitClass))
 {}
 
 MbbStringFormat KpaDoubleConfig::getDisplayFormat() const
 {
     if (_useCustomFormat)
-        return _customFormat;
-    MbbStringFormat format = MbbUserStringFormats::getStringFormat(_unitClass);
+        return *_customFormat;
+    MbbStringFormat format = MbbUserStringFormats::getStringFormat(*_unitClass);
     if (!_undefString.isEmpty())
         format.setUndefinedText(_undefString);
     return format;
@@ -42,10 +64,10 @@ MbbStringFormat KpaDoubleConfig::getDisplayFormat() const
 
 MbdVariableDetails KpaDoubleConfig::getDetails() const
 {
-    MbdVariableDetails details = MbdVariableDetailsHelper::createDetails(_unitClass);
+    MbdVariableDetails details = MbdVariableDetailsHelper::createDetails(*_unitClass);
     details.setPowerValue(_powerValue);
     if (_useCustomFormat) {
-        details.getNumericDetails().setUserDefinedStringFormat(_customFormat);
+        details.getNumericDetails().setUserDefinedStringFormat(*_customFormat);
         details.setUnitDefaultFormatUsed(false);
     }
     return details;
@@ -87,7 +109,9 @@ bool KpaDoubleConfig::setWrapped(bool wrapped)
 
 bool KpaDoubleConfig::setUnitClass(const MbuEUnitClass& unitClass, int powerValue)
 {
-    const bool classChanged = store(_unitClass, unitClass);
+    const bool classChanged = *_unitClass != unitClass;
+    if (classChanged)
+        _unitClass = constant(unitClass);
     const bool powerChanged = store(_powerValue, powerValue);
     const bool formatDropped = store(_useCustomFormat, false);
     return classChanged || powerChanged || formatDropped;
@@ -96,7 +120,9 @@ bool KpaDoubleConfig::setUnitClass(const MbuEUnitClass& unitClass, int powerValu
 bool KpaDoubleConfig::setCustomFormat(const MbbStringFormat& format)
 {
     const bool used = store(_useCustomFormat, true);
-    const bool changed = store(_customFormat, format);
+    const bool changed = *_customFormat != format;
+    if (changed)
+        _customFormat = std::make_shared<const MbbStringFormat>(format);
     return used || changed;
 }
 
@@ -108,15 +134,15 @@ bool KpaDoubleConfig::setUndefString(const QString& text)
 bool KpaDoubleConfig::setDetails(const MbdVariableDetails& details)
 {
     const bool unitChanged = setUnitClass(details.getUnitClass(), details.getPowerValue());
-    if (_unitClass != MbuEUnitClass::NONE && details.isUnitDefaultFormatUsed())
+    if (*_unitClass != MbuEUnitClass::NONE && details.isUnitDefaultFormatUsed())
         return unitChanged;
     return setCustomFormat(details.getNumericDetails().getStringFormat()) || unitChanged;
 }
 
 bool KpaDoubleConfig::_isUnitCompatible(const MbuUnit& unit) const
 {
-    const bool classOfFormat = _unitClass == MbuEUnitClass::NONE && _useCustomFormat;
-    const MbuEUnitClass& unitClass = classOfFormat ? _customFormat.getUnitClass() : _unitClass;
+    const bool classOfFormat = *_unitClass == MbuEUnitClass::NONE && _useCustomFormat;
+    const MbuEUnitClass& unitClass = classOfFormat ? _customFormat->getUnitClass() : *_unitClass;
     return unitClass != MbuEUnitClass::NONE && unitClass == unit.getUnitClass();
 }
 
@@ -134,26 +160,6 @@ double KpaDoubleConfig::convertFromStorageUnit(double value, const MbuUnit& unit
     return MbuUnitService::getConversionFromStorageUnit(unit, _powerValue).transform(value);
 }
 
-double KpaDoubleConfig::fix(double value, double previous) const
-{
-    if (!isDefined(value)) {
-        if (_undefineEnabled)
-            return value;
-        value = isDefined(previous) ? previous : 0.0;
-    }
-    return _wrapped && isMinimumDefined() && isMaximumDefined() ? _wrappedFix(value) : _clamp(value);
-}
-
-// The minimum wins where the limits cross. Of a number and a NaN, the number stands.
-double KpaDoubleConfig::_clamp(double value) const
-{
-    if (isMaximumDefined() && (value > _maximum || std::isnan(value)))
-        value = _maximum;
-    if (isMinimumDefined() && (value < _minimum || std::isnan(value)))
-        value = _minimum;
-    return value;
-}
-
 double KpaDoubleConfig::_wrappedFix(double value) const
 {
     const double range = _maximum - _minimum;
@@ -164,7 +170,8 @@ double KpaDoubleConfig::_wrappedFix(double value) const
             return _minimum; // on the cycle, unlike the maximum
         value += above ? -turns * range : turns * range;
     }
-    return range < 0 ? value : _clamp(value); // rounding may have led over a limit
+    const bool within = value >= _minimum && value <= _maximum;
+    return range < 0 || within ? value : _clamp(value); // rounding may have led over a limit
 }
 
 QString KpaDoubleConfig::toString(double value) const
@@ -194,11 +201,11 @@ QString KpaDoubleConfig::debug() const
            << " undefineEnabled  = " << KpaConfigTools::yesNo(_undefineEnabled) << '\n'
            << " power value      = " << _powerValue << '\n'
            << " custom format    = " << KpaConfigTools::yesNo(_useCustomFormat) << '\n'
-           << " unit class       = " << _unitClass.getKey() << " (" << _unitClass.getLabel() << ")\n";
+           << " unit class       = " << _unitClass->getKey() << " (" << _unitClass->getLabel() << ")\n";
     if (!_undefString.isEmpty())
         stream << " undefined string = " << _undefString << '\n';
-    stream << " custom precision = " << _customFormat.getPrecision() << '\n'
-           << " custom symbol    = " << _customFormat.getSymbol() << '\n';
+    stream << " custom precision = " << _customFormat->getPrecision() << '\n'
+           << " custom symbol    = " << _customFormat->getSymbol() << '\n';
     stream.flush();
     return text;
 }

@@ -2,15 +2,19 @@
 
 #include <param/KpbAParameter.h>
 
+#include <QtCore/QHash>
+
 #include <algorithm>
 #include <bit>
+#include <cstdint>
 #include <utility>
 
 class KpcChildTable::Entry final : public KuoIGuard
 {
 public:
     Entry(KpcChildTable& table, KpbAParameter* child, std::size_t position)
-        : position(position),
+        : position(std::uint32_t(position)),
+          hash(qHash(child->getKey(), table._seed)),
           _table(table),
           _child(child),
           _key(child->getKey())
@@ -28,7 +32,10 @@ public:
         _table._died(this);
     }
 
-    std::size_t position;
+    std::uint32_t position;
+    const uint hash;
+    /// The next entry in the same bucket.
+    Entry* next = nullptr;
 
 private:
     KpcChildTable& _table;
@@ -36,7 +43,7 @@ private:
     const QString _key;
 };
 
-KpcChildTable::KpcChildTable() = default;
+KpcChildTable::KpcChildTable() : _seed(uint(qGlobalQHashSeed())) {}
 
 KpcChildTable::~KpcChildTable() = default;
 
@@ -71,28 +78,46 @@ std::vector<KuoPointer<KpbAParameter>> KpcChildTable::living() const
 
 KpcChildTable::Entry* KpcChildTable::_entryOf(const QString& key) const
 {
-    if (_indexed)
-        return _index.value(key, nullptr);
-    const auto found = std::find_if(_entries.begin(), _entries.end(), [&](const std::unique_ptr<Entry>& entry) {
-        return entry && entry->getChild() && entry->getKey() == key;
-    });
-    return found == _entries.end() ? nullptr : found->get();
+    if (_buckets.empty())
+        return nullptr;
+    const uint hash = qHash(key, _seed);
+    Entry* entry = _buckets[hash & (_buckets.size() - 1)];
+    while (entry && !(entry->hash == hash && entry->getKey() == key))
+        entry = entry->next;
+    return entry;
+}
+
+void KpcChildTable::_grow()
+{
+    const std::size_t capacity = std::max(FirstCapacity, _buckets.size() * 2);
+    _entries.reserve(capacity);
+    _buckets.assign(capacity, nullptr);
+    for (const auto& entry : _entries) {
+        if (entry && entry->getChild())
+            _index(entry.get());
+    }
+}
+
+void KpcChildTable::_index(Entry* entry)
+{
+    Entry*& bucket = _buckets[entry->hash & (_buckets.size() - 1)];
+    entry->next = std::exchange(bucket, entry);
+}
+
+void KpcChildTable::_unindex(Entry* entry)
+{
+    Entry** link = &_buckets[entry->hash & (_buckets.size() - 1)];
+    while (*link != entry)
+        link = &(*link)->next;
+    *link = entry->next;
 }
 
 void KpcChildTable::append(KpbAParameter* child)
 {
+    if (_entries.size() == _buckets.size())
+        _grow();
     _entries.push_back(std::make_unique<Entry>(*this, child, _entries.size()));
-    Entry* entry = _entries.back().get();
-    if (_indexed) {
-        _index.insert(entry->getKey(), entry);
-    }
-    else if (_entries.size() > IndexFrom) {
-        _indexed = true;
-        for (const auto& each : _entries) {
-            if (each && each->getChild())
-                _index.insert(each->getKey(), each.get());
-        }
-    }
+    _index(_entries.back().get());
     if (!_filled.empty())
         _countLast();
 }
@@ -102,8 +127,7 @@ void KpcChildTable::remove(const KpbAParameter* child)
     Entry* entry = _entryOf(child->getKey());
     if (!entry || entry->getChild() != child)
         return;
-    if (_indexed)
-        _index.remove(entry->getKey());
+    _unindex(entry);
     _drop(entry);
 }
 
@@ -115,8 +139,7 @@ void KpcChildTable::compress()
 
 void KpcChildTable::clear()
 {
-    _index.clear();
-    _indexed = false;
+    _buckets.clear();
     _dead.clear();
     _filled.clear();
     _entries.clear();
@@ -125,8 +148,7 @@ void KpcChildTable::clear()
 
 void KpcChildTable::_died(Entry* entry)
 {
-    if (_indexed)
-        _index.remove(entry->getKey());
+    _unindex(entry);
     _dead.push_back(entry);
 }
 
@@ -151,7 +173,7 @@ void KpcChildTable::_closeGaps()
 {
     std::erase(_entries, nullptr);
     for (std::size_t i = 0; i < _entries.size(); ++i)
-        _entries[i]->position = i;
+        _entries[i]->position = std::uint32_t(i);
     _gaps = 0;
     _filled.clear();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QtCore/QHash>
 #include <QtCore/QString>
 
 #include <param/KuoPointer.h>
@@ -40,9 +39,12 @@ public:
 private:
     class Entry;
 
-    static constexpr std::size_t IndexFrom = 16;
+    static constexpr std::size_t FirstCapacity = 4;
 
     Entry* _entryOf(const QString& key) const;
+    void _grow();
+    void _index(Entry* entry);
+    void _unindex(Entry* entry);
     void _died(Entry* entry);
     void _drop(const Entry* entry);
     void _closeGaps();
@@ -56,7 +58,8 @@ private:
     // Empty, or a binary indexed tree: for each i from 1 on, how many of the last (i & -i) of the first i entries are
     // no gap.
     mutable std::vector<int> _filled;
-    // Entries of living children by key, once there are many.
-    QHash<QString, Entry*> _index;
-    bool _indexed = false;
+    // The entries of living children by the hash of their key, modulo the number of buckets, which is a power of two.
+    // Those of one bucket are linked through themselves: a child takes no memory here but its share of the buckets.
+    std::vector<Entry*> _buckets;
+    const uint _seed;
 };

@@ -80,11 +80,17 @@ QString decoded(std::string_view bytes)
     return text;
 }
 
-/// What the document has before it is read on.
+/// Goes through the text once, and gives up at the first thing that is not plain.
 class Reader
 {
 public:
-    Reader(std::string_view text, const KuxXmlLimits& limits) : _text(text), _limits(limits), _parent(_document) {}
+    // An allocation of this size makes the GNU C library join the small blocks that have been freed before, so that the
+    // nodes come to lie side by side. In the blocks as they are after a large tree has died, building, walking and
+    // destroying a document of 100,000 elements takes twice the time.
+    Reader(std::string_view text, const KuxXmlLimits& limits) : _text(text), _limits(limits), _parent(_document)
+    {
+        _open.reserve(256);
+    }
 
     QDomDocument run()
     {

@@ -61,3 +61,29 @@ TEST(KpsSerializerEncodings, ANumberThatCannotBeReadIsTheFallbackOrTheUndefinedM
     EXPECT_EQ(KpsSerializer::toDouble("inf", 5.0, true), 5.0);
     EXPECT_EQ(KpsSerializer::toDouble("1e999", 5.0, true), 5.0);
 }
+
+TEST(KpsSerializerEncodings, ReadsNumbersInWhicheverWayTheyAreWritten)
+{
+    struct Row
+    {
+        const char* text;
+        double value;
+    };
+    for (const Row& row : {Row{"12", 12.0},
+                           {"-0.5", -0.5},
+                           {"+3", 3.0},
+                           {" 3 ", 3.0},
+                           {".5", 0.5},
+                           {"5.", 5.0},
+                           {"007", 7.0},
+                           {"1E3", 1000.0},
+                           {"1e-2", 0.01},
+                           {"0.1", 0.1},
+                           {"0.1000000000000000055511151231257827021181583404541015625", 0.1},
+                           {"1.7976931348623157e308", 1.7976931348623157e308},
+                           {"4.9406564584124654e-324", 5e-324}})
+        EXPECT_EQ(KpsSerializer::toDouble(row.text, -1.0, true), row.value) << row.text;
+    EXPECT_TRUE(std::signbit(KpsSerializer::toDouble("-0", -1.0, true)));
+    for (const char* text : {"", "-", "e5", "1e", "1e+", "1,5", "1 5", "0x10", "1_0", "--1", "1.2.3", "-1e999"})
+        EXPECT_EQ(KpsSerializer::toDouble(text, -1.0, true), -1.0) << text;
+}

@@ -7,9 +7,13 @@
 #include <param/KpExport.h>
 #include <param/KpbEType.h>
 
+#include <cmath>
+#include <memory>
+
 /// What a double parameter admits: limits, a cycle, the undefined marker; and how its values show: the unit class, the
 /// exponent of the unit, a display format. All numbers are in the storage unit of the unit class. Limits and step that
-/// are not set hold `MbbGlobal::D_FFFF`. Setters give whether something changed.
+/// are not set hold `MbbGlobal::D_FFFF`. Setters give whether something changed. What a getter refers to stays until
+/// the field is set.
 ///
 /// Conversions and texts throw only what `MbuUnitService` throws where its database is missing; nothing has changed
 /// then.
@@ -19,8 +23,18 @@ public:
     KpaDoubleConfig();
     KpaDoubleConfig(const MbuEUnitClass& unitClass, int powerValue);
 
+    // No moving: a configuration always has a format.
+    KpaDoubleConfig(const KpaDoubleConfig&) = default;
+    KpaDoubleConfig& operator=(const KpaDoubleConfig&) = default;
+
     /// All fields; also those of a custom format that is not in use.
-    friend bool operator==(const KpaDoubleConfig& a, const KpaDoubleConfig& b) = default;
+    friend bool operator==(const KpaDoubleConfig& a, const KpaDoubleConfig& b)
+    {
+        return a._step == b._step && a._minimum == b._minimum && a._maximum == b._maximum && a._wrapped == b._wrapped &&
+               a._undefineEnabled == b._undefineEnabled && a._useCustomFormat == b._useCustomFormat &&
+               a._powerValue == b._powerValue && *a._unitClass == *b._unitClass && a._undefString == b._undefString &&
+               (a._customFormat == b._customFormat || *a._customFormat == *b._customFormat);
+    }
 
     const KpbEType& getType() const { return KpbEType::DOUBLE; }
     double getInitialValue() const { return 0.0; }
@@ -34,13 +48,13 @@ public:
     bool isDefined(double value) const { return value != MbbGlobal::D_FFFF; }
     bool isUndefineEnabled() const { return _undefineEnabled; }
     bool isWrapped() const { return _wrapped; }
-    const MbuEUnitClass& getUnitClass() const { return _unitClass; }
+    const MbuEUnitClass& getUnitClass() const { return *_unitClass; }
     /// The exponent of the unit: 2 for a surface that is measured in a unit of length.
     int getPowerValue() const { return _powerValue; }
     const QString& getUndefString() const { return _undefString; }
     bool useCustomFormat() const { return _useCustomFormat; }
     /// The last custom format, also where it is not in use.
-    const MbbStringFormat& getCustomFormat() const { return _customFormat; }
+    const MbbStringFormat& getCustomFormat() const { return *_customFormat; }
     /// The custom format as it stands, if it is in use; otherwise the user's present format for the unit class, with
     /// the text for undefined values unless that is empty.
     MbbStringFormat getDisplayFormat() const;
@@ -73,14 +87,35 @@ public:
     /// The way back, on the same terms.
     double convertFromStorageUnit(double value, const MbuUnit& unit) const;
 
-    double fix(double value, double previous) const;
+    double fix(double value, double previous) const
+    {
+        if (!isDefined(value)) [[unlikely]] {
+            if (_undefineEnabled)
+                return value;
+            value = isDefined(previous) ? previous : 0.0;
+        }
+        if (_wrapped && isMinimumDefined() && isMaximumDefined()) [[unlikely]]
+            return _wrappedFix(value);
+        return _clamp(value);
+    }
     QString toString(double value) const;
     MbbOrderedMap<QString, QString> serializeValue(double value) const;
     double unserializeValue(const MbbOrderedMap<QString, QString>& map, double previous) const;
     QString debug() const;
 
 private:
-    double _clamp(double value) const;
+    /// The minimum wins where the limits cross. Of a number and a NaN, the number stands. A zero at a limit that is
+    /// zero takes the limit's sign. These are the results of `fmin` and `fmax`, whose calls would cost more than all
+    /// else here.
+    double _clamp(double value) const
+    {
+        if (!(value < _maximum) && _isLimit(_maximum))
+            value = _maximum;
+        if (!(value > _minimum) && _isLimit(_minimum))
+            value = _minimum;
+        return value;
+    }
+    bool _isLimit(double limit) const { return isDefined(limit) && !std::isnan(limit); }
     double _wrappedFix(double value) const;
     bool _isUnitCompatible(const MbuUnit& unit) const;
 
@@ -89,9 +124,11 @@ private:
     double _maximum = MbbGlobal::D_FFFF;
     bool _wrapped = false;
     bool _undefineEnabled = false;
-    MbuEUnitClass _unitClass;
-    int _powerValue;
-    QString _undefString;
     bool _useCustomFormat = false;
-    MbbStringFormat _customFormat;
+    int _powerValue;
+    // One of the constants.
+    const MbuEUnitClass* _unitClass;
+    QString _undefString;
+    // Never null. Shared, as nearly all configurations have the same.
+    std::shared_ptr<const MbbStringFormat> _customFormat;
 };

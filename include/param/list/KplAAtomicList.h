@@ -191,6 +191,8 @@ QList<Value> KplAAtomicList<Item, Value, Config>::_fixValues(const QList<Value>&
     QList<Value> fixed;
     fixed.reserve(values.size());
     KplDistinctValues<Value> distinct;
+    if (_unique)
+        distinct.reserve(values.size());
     for (const Value& value : values) {
         const Value admissible = config.fix(value, fallback);
         if (!_unique || distinct.admit(admissible))
@@ -238,6 +240,7 @@ std::vector<int> KplAAtomicList<Item, Value, Config>::_repeatedRanks() const
 {
     std::vector<int> ranks;
     KplDistinctValues<Value> distinct;
+    distinct.reserve(this->getItemCount());
     for (int i = 0; i < this->getItemCount(); ++i) {
         if (!distinct.add(this->getItemAt(i)->getValue()))
             ranks.push_back(i);
@@ -517,6 +520,8 @@ void KplAAtomicList<Item, Value, Config>::unserializeAtomicItems(const QStringLi
         const Raised fixing(_fixing, lock);
         const Raised walking(this->_walking, lock);
         KplDistinctValues<Value> distinct;
+        if (_unique)
+            distinct.reserve(keys.size());
         this->_rebuildItems(keys, [&](const QList<Item*>&, Item* item, int rank) {
             const KuoPointer<KpbAParameter> guarded(item);
             item->unserialize(maps.value(rank));

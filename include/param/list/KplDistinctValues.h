@@ -24,6 +24,8 @@ template <class Value>
 class KplDistinctValues
 {
 public:
+    /// Makes room for as many values at once.
+    void reserve(int count) { _values.reserve(count); }
     bool contains(const Value& value) const { return _values.contains(value); }
     /// Gives whether `value` is equal to none of those before it. It counts from now on, whether or not it is.
     bool add(const Value& value)
@@ -50,6 +52,7 @@ requires requires(const Value& value)
 class KplDistinctValues<Value>
 {
 public:
+    void reserve(int count) { _values.reserve(count); }
     bool contains(const Value& value) const { return _values.contains(value); }
     bool add(const Value& value)
     {
@@ -68,6 +71,7 @@ template <>
 class KplDistinctValues<double>
 {
 public:
+    void reserve(int count) { _cells.reserve(count); }
     bool contains(double value) const
     {
         if (std::isnan(value))

@@ -96,6 +96,46 @@ TEST_F(KpaDoubleTest, HasAConfigForAUnitClassAndAPower)
     EXPECT_FALSE(config.isMinimumDefined());
 }
 
+TEST_F(KpaDoubleTest, HasTheUsersFormatOfItsTimeAsItsFirstCustomFormat)
+{
+    const KpaDoubleConfig before;
+    MbbUserStringFormats::setStringFormat(decimals(MbuEUnitClass::NONE, 3));
+    const KpaDoubleConfig between;
+    MbbUserStringFormats::reset();
+    const KpaDoubleConfig after;
+    EXPECT_EQ(before.getCustomFormat().getPrecision(), 10);
+    EXPECT_EQ(between.getCustomFormat().getPrecision(), 3);
+    EXPECT_EQ(after.getCustomFormat().getPrecision(), 10);
+}
+
+TEST_F(KpaDoubleTest, HasTheSymbolOfTheUsersUnitInItsFirstCustomFormat)
+{
+    for (const char* symbol : {"m", "mtr", "metre"}) {
+        MbbStringFormat format(MbuEUnitClass::LENGTH);
+        format.setDisplayUnit(MbuUnit(MbuEUnitClass::LENGTH, "m", symbol, "Metre"));
+        MbbUserStringFormats::setStringFormat(format);
+        EXPECT_EQ(KpaDoubleConfig(MbuEUnitClass::LENGTH, 1).getCustomFormat().getSymbol(), symbol);
+    }
+}
+
+TEST_F(KpaDoubleTest, SharesNoCustomFormatWithItsCopy)
+{
+    KpaDoubleConfig config;
+    const KpaDoubleConfig copy(config);
+    config.setCustomFormat(decimals(MbuEUnitClass::NONE, 3));
+    EXPECT_EQ(config.getCustomFormat().getPrecision(), 3);
+    EXPECT_EQ(copy.getCustomFormat().getPrecision(), 10);
+    EXPECT_NE(config, copy);
+}
+
+TEST_F(KpaDoubleTest, KeepsItsFieldsWhenItsConfigIsMovedFrom)
+{
+    KpaDoubleConfig config(MbuEUnitClass::LENGTH, 2);
+    const KpaDoubleConfig taken(std::move(config));
+    EXPECT_EQ(config, taken);
+    EXPECT_EQ(config.getCustomFormat().getPrecision(), 10);
+}
+
 TEST_F(KpaDoubleTest, ComparesEveryFieldOfItsConfig)
 {
     const std::pair<const char*, std::function<void(KpaDoubleConfig&)>> changes[] = {
@@ -366,6 +406,14 @@ TEST_F(KpaDoubleTest, AdmitsNoNaNBetweenLimits)
     EXPECT_EQ(range(undefined, 10).fix(notANumber, 0), 10);
     EXPECT_EQ(range(notANumber, notANumber).fix(3, 0), 3);
     EXPECT_EQ(range(notANumber, notANumber, true).fix(3, 0), 3);
+}
+
+TEST_F(KpaDoubleTest, GivesAZeroTheSignOfALimitThatIsZero)
+{
+    EXPECT_FALSE(std::signbit(range(0, 10).fix(-0.0, 0)));
+    EXPECT_FALSE(std::signbit(range(-10, 0).fix(-0.0, 0)));
+    EXPECT_TRUE(std::signbit(range(-10, 10).fix(-0.0, 0)));
+    EXPECT_TRUE(std::signbit(range(undefined, undefined).fix(-0.0, 0)));
 }
 
 TEST_F(KpaDoubleTest, NotifiesEveryRequestOfANaN)

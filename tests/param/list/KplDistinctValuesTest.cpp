@@ -15,9 +15,13 @@ template <class Value>
 QList<Value> distinct(const QList<Value>& values)
 {
     KplDistinctValues<Value> known;
+    known.reserve(values.size());
     QList<Value> kept;
     for (const Value& value : values) {
-        if (!known.contains(value) && known.add(value))
+        const bool isContained = known.contains(value);
+        const bool isNew = known.admit(value);
+        EXPECT_NE(isContained, isNew);
+        if (isNew)
             kept.append(value);
     }
     return kept;

@@ -134,6 +134,27 @@ TEST(KuxXmlParse, ReadsTheSameTreeAsQtDoes)
     }
 }
 
+TEST(KuxXmlParse, ReadsTheSameWhateverStandsBehindTheRoot)
+{
+    // What holds a comment is not read by the short way.
+    for (const char* text : {"<a/>", "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a b=\"\" c='\"'/>",
+                             "<?xml version=\"1.0\"?><a >x &lt;&amp;&gt;&quot;&apos;&#13;&#10;&#9; y</a >\n",
+                             "<a>\n <b k = '&#9;&gt;>'> z </b>\n  <b/>t</a>",
+                             "<a> <![CDATA[<&>]]> ]] <![CDATA[ ]]></a>", "<_a-b.c1>\xc3\xa9\xe4\xb8\xad</_a-b.c1>"})
+    {
+        QDomDocument expected = parsed(QByteArray(text) + "<!---->");
+        expected.removeChild(expected.lastChild());
+        EXPECT_EQ(KuxXml::toText(parsed(text)), KuxXml::toText(expected)) << text;
+    }
+}
+
+TEST(KuxXmlParse, KeepsAnEmptyAttributeApartFromNone)
+{
+    const QDomElement root = parsed("<a b=\"\"/>").documentElement();
+    EXPECT_TRUE(root.hasAttribute("b"));
+    EXPECT_FALSE(root.attribute("b").isNull());
+}
+
 TEST(KuxXmlParse, KeepsNamesWithPrefixesAsTheyStand)
 {
     const QDomElement root = parsed("<p:a q:b='1'/>").documentElement();

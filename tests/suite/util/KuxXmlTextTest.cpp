@@ -80,6 +80,13 @@ TEST(KuxXmlText, EscapesTextAndAttributes)
     EXPECT_EQ(read.text(), "&<>\"'\r\n\tx");
 }
 
+TEST(KuxXmlText, WritesLongTextsWithoutLoss)
+{
+    // Two units of UTF-16 each, so that one stands across every even place, and one ASCII character before them.
+    const QString text = "x" + QString::fromUtf8("\xf0\x9f\x98\x80").repeated(3000) + "&";
+    EXPECT_EQ(body(documentWithText(text)), "<a>x" + QByteArray("\xf0\x9f\x98\x80").repeated(3000) + "&amp;</a>\n");
+}
+
 TEST(KuxXmlText, WritesTextOfBlanksAloneAsCDATA)
 {
     EXPECT_EQ(body(documentWithText(" \n")), "<a><![CDATA[ \n]]></a>\n");
