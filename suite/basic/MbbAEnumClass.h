@@ -16,7 +16,23 @@ template <class Item>
 class MbbAEnumClass : public MbbAEnum
 {
 public:
+    /// Walks the items in ascending order of values.
+    class Iterator
+    {
+    public:
+        bool hasNext() const { return _next < _items.size(); }
+        const Item& next() { return *_items.at(_next++); }
+
+    private:
+        friend class MbbAEnumClass;
+        explicit Iterator(const QList<const Item*>& items) : _items(items) {}
+
+        const QList<const Item*> _items;
+        int _next = 0;
+    };
+
     static int count() { return Item::items().count(); }
+    static Iterator createIterator() { return Iterator(Item::items()); }
 
     static bool existsKey(const QString& key) { return _find(key, &MbbAEnum::getKey) != nullptr; }
     static bool existsLabel(const QString& label) { return _find(label, &MbbAEnum::getLabel) != nullptr; }

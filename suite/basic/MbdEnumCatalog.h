@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QtCore/QMap>
-#include <QtCore/QString>
+#include <QtCore/QStringList>
 
-#include <basic/MbbColor.h>
+#include <basic/MbdCategoryDefinition.h>
 
 /// The categories that a variable may have, such as rock types: each a number that samples hold, with a label and a
 /// colour. A plain, implicitly shared value; a default one has no categories, no name, and opaque white for samples
@@ -39,6 +39,29 @@ public:
     }
     void removeCategory(int value) { _categories.remove(value); }
     void clearCategories() { _categories.clear(); }
+
+    /// The category of the value; that of samples without a category where there is none.
+    MbdCategoryDefinition getDefinition(short value) const
+    {
+        const auto found = _categories.constFind(value);
+        return found == _categories.constEnd() ? getUndefinedCategory()
+                                               : MbdCategoryDefinition(value, found->label, found->color);
+    }
+    /// That of samples without a category: without a label, in the colour for them.
+    MbdCategoryDefinition getUndefinedCategory() const
+    {
+        return MbdCategoryDefinition(MbbGlobal::I16_FFFF, QString(), _undefColor);
+    }
+    /// Sets `names` to the labels of the categories, ascending by value; with `withUndefined`, the label of samples
+    /// without a category stands before them.
+    void getNamesList(QStringList& names, bool withUndefined) const
+    {
+        names.clear();
+        if (withUndefined)
+            names.append(getUndefinedCategory().getLabel());
+        for (const Category& category : _categories)
+            names.append(category.label);
+    }
 
     friend bool operator==(const MbdEnumCatalog& a, const MbdEnumCatalog& b) = default;
 

@@ -1,4 +1,4 @@
-#include <basic/MbgEDimension.h>
+#include <basic/MbgDimensionFlags.h>
 
 #include <QtCore/QObject>
 
@@ -17,3 +17,7 @@ QList<const MbgEDimension*> MbgEDimension::items()
 {
     return {&DIM_1D, &DIM_2D, &DIM_3D};
 }
+
+// Beside the dimensions, which have to be made first.
+const MbgDimensionFlags MbgDimensionFlags::ANY = MbgDimensionFlags::all();
+const MbgDimensionFlags MbgDimensionFlags::ONLY_3D = {MbgEDimension::DIM_3D};
