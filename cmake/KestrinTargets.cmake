@@ -82,12 +82,18 @@ function(kestrin_library name include_root)
     kestrin_warnings(kestrin_${name})
 endfunction()
 
-# kestrin_package_name(<variable> <name>): the name under which find_package finds the library, such as KestrinBasic.
+# kestrin_package_name(<variable> <name>): the name under which find_package finds the library, such as KestrinBasic
+# or KestrinGeosPython.
 function(kestrin_package_name variable name)
-    string(SUBSTRING ${name} 0 1 initial)
-    string(TOUPPER ${initial} initial)
-    string(SUBSTRING ${name} 1 -1 rest)
-    set(${variable} "Kestrin${initial}${rest}" PARENT_SCOPE)
+    set(package "Kestrin")
+    string(REPLACE "_" ";" words ${name})
+    foreach(word IN LISTS words)
+        string(SUBSTRING ${word} 0 1 initial)
+        string(TOUPPER ${initial} initial)
+        string(SUBSTRING ${word} 1 -1 rest)
+        string(APPEND package "${initial}${rest}")
+    endforeach()
+    set(${variable} ${package} PARENT_SCOPE)
 endfunction()
 
 # kestrin_install(<name> <header folder> <folder below include/kestrin>): installs the library and its headers, and puts

@@ -1,0 +1,3 @@
+#include <util/KufISampleFilter.h>
+
+KufISampleFilter::~KufISampleFilter() = default;

@@ -1,0 +1,3 @@
+#include <util/KufISampleFilterRule.h>
+
+KufISampleFilterRule::~KufISampleFilterRule() = default;
