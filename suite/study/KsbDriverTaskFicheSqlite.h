@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class KsbSqliteFile;
+
 /// The store of task forms in one SQLite file. It owns its connection to the file, which is closed with it. A program
 /// needs a `QCoreApplication` to have one, and uses it on the thread that made it.
 ///
@@ -39,6 +41,8 @@ public:
     static std::unique_ptr<KsbDriverTaskFicheSqlite> open(const QString& filePath,
                                                           KssOpenMode mode = KssOpenMode::ReadWrite);
 
+    /// Keeps the forms in a file that is open already.
+    explicit KsbDriverTaskFicheSqlite(std::shared_ptr<KsbSqliteFile> store);
     KsbDriverTaskFicheSqlite(const KsbDriverTaskFicheSqlite&) = delete;
     KsbDriverTaskFicheSqlite& operator=(const KsbDriverTaskFicheSqlite&) = delete;
     ~KsbDriverTaskFicheSqlite() override;
@@ -66,8 +70,5 @@ public:
     void restoreSuperseded(qint64 number);
 
 private:
-    class Store;
-    explicit KsbDriverTaskFicheSqlite(std::unique_ptr<Store> store);
-
-    std::unique_ptr<Store> _store;
+    std::shared_ptr<KsbSqliteFile> _store;
 };

@@ -2,6 +2,11 @@
 
 KstITransactable::~KstITransactable() = default;
 
+QString KstITransactable::getApplicationFlag() const
+{
+    return QString();
+}
+
 KstATransactableDefault::~KstATransactableDefault() = default;
 
 KssProject* KstATransactableDefault::getProject() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QString>
+
 #include <study/StudyExport.h>
 
 class KssProject;
@@ -12,6 +14,9 @@ public:
     virtual ~KstITransactable();
     /// The project, not owned; null where there is none.
     virtual KssProject* getProject() const = 0;
+    /// The application that the task belongs to: items that are made for others only are not offered to it. Empty where
+    /// there is none, as it is unless a derived class answers otherwise.
+    virtual QString getApplicationFlag() const;
 
 protected:
     KstITransactable() = default;

@@ -108,4 +108,39 @@ TEST_F(KssProjectTest, OpenedForReadingGivesItsFormsAndTakesNone)
               inFile(path, "It was opened for reading only."));
 }
 
+TEST_F(KssProjectTest, IsNamedAfterItsFile)
+{
+    const QString named = folder.filePath(QString::fromUtf8("my.größe 1.ksp"));
+
+    const auto project = KssProject::create(named);
+
+    EXPECT_EQ(project->getName(), QString::fromUtf8("my.größe 1"));
+    EXPECT_EQ(project->getUrl(), QUrl::fromLocalFile(named));
+}
+
+TEST_F(KssProjectTest, HasTheNameThatItIsGivenWithoutAFile)
+{
+    const KssProject project(QStringLiteral("my study"));
+    const KssProject nameless;
+
+    EXPECT_EQ(project.getName(), "my study");
+    EXPECT_EQ(project.getUrl(), QUrl("study:my%20study"));
+    EXPECT_EQ(nameless.getName(), "");
+    EXPECT_TRUE(nameless.getUrl().isEmpty());
+}
+
+TEST_F(KssProjectTest, HasAllModelsForItsWholeLife)
+{
+    const KssProject project;
+
+    EXPECT_NE(project.getModelData(), nullptr);
+    EXPECT_NE(project.getModelEnumCatalog(), nullptr);
+    EXPECT_NE(project.getModelColorScale(), nullptr);
+    EXPECT_NE(project.getModelGeosSet(), nullptr);
+    EXPECT_NE(project.getModelNeighborhood(), nullptr);
+    EXPECT_NE(project.getModelScene(), nullptr);
+    EXPECT_NE(project.getModelCharts(), nullptr);
+    EXPECT_EQ(project.getModelData(), project.getModelData());
+}
+
 } // namespace

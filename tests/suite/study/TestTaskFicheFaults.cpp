@@ -270,21 +270,21 @@ TEST_F(TaskFicheFaults, AFailureDuringCreationLeavesNoFile)
 
 TEST_F(TaskFicheFaults, AFileOfANewerVersionIsRefused)
 {
-    DirectConnection(path).run("PRAGMA user_version = 2");
+    DirectConnection(path).run("PRAGMA user_version = 3");
 
     expectRefusedFile(
-        inFile(path, "It was written by a newer version of the program (version 2 of the file, up to 1 is known)."));
+        inFile(path, "It was written by a newer version of the program (version 3 of the file, up to 2 is known)."));
 }
 
 TEST_F(TaskFicheFaults, AFileThatANewerVersionTakesOverMeanwhileRefusesChanges)
 {
     const auto driver = Driver::open(path);
     DirectConnection direct(path);
-    direct.run("PRAGMA user_version = 2");
+    direct.run("PRAGMA user_version = 3");
 
     expectRefusedChanges(
         *driver,
-        inFile(path, "It was written by a newer version of the program (version 2 of the file, up to 1 is known)."));
+        inFile(path, "It was written by a newer version of the program (version 3 of the file, up to 2 is known)."));
 }
 
 TEST_F(TaskFicheFaults, ADatabaseOfAnotherProgramIsRefused)

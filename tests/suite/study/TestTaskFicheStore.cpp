@@ -435,7 +435,7 @@ TEST_F(TaskFicheStore, WritesAheadAndSyncsEveryChange)
 
     EXPECT_EQ(setting("journal_mode"), "wal");
     EXPECT_EQ(setting("synchronous"), "3"); // full, and the folder too
-    EXPECT_EQ(setting("user_version"), "1");
+    EXPECT_EQ(setting("user_version"), "2");
     EXPECT_EQ(setting("application_id"), "1263748657"); // "KSF1"
 }
 

@@ -13,6 +13,7 @@ class WithProject : public KstATransactableDefault
 public:
     explicit WithProject(KssProject* project) : _project(project) {}
     KssProject* getProject() const override { return _project; }
+    QString getApplicationFlag() const override { return "kriging"; }
 
 private:
     KssProject* _project;
@@ -33,6 +34,15 @@ TEST(KstATransactableDefault, LetsADerivedContextAnswerWithAProject)
     const KstITransactable& transactable = withProject;
 
     EXPECT_EQ(transactable.getProject(), &project);
+}
+
+TEST(KstATransactableDefault, BelongsToNoApplicationUnlessADerivedContextTellsOne)
+{
+    const Plain plain;
+    const WithProject kriging(nullptr);
+
+    EXPECT_EQ(static_cast<const KstITransactable&>(plain).getApplicationFlag(), "");
+    EXPECT_EQ(static_cast<const KstITransactable&>(kriging).getApplicationFlag(), "kriging");
 }
 
 TEST(KstATransactableDefault, HoldsNothingButItsType)

@@ -1,0 +1,3 @@
+#include <study/KsbIDriverItem.h>
+
+KsbIDriverItem::~KsbIDriverItem() = default;

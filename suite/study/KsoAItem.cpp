@@ -1,0 +1,3 @@
+#include <study/KsoAItem.h>
+
+KsoAItem::~KsoAItem() = default;

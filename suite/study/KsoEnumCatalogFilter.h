@@ -1,0 +1,12 @@
+#pragma once
+
+#include <study/KsoANamedFilterOf.h>
+#include <study/KsoEnumCatalog.h>
+
+/// What a parameter accepts of the catalog of categoriess.
+class KESTRIN_STUDY_EXPORT KsoEnumCatalogFilter : public KsoANamedFilterOf<KsoEnumCatalogFilter, KsoEnumCatalogKind>
+{
+public:
+    KsoEnumCatalogFilter() = default;
+    explicit KsoEnumCatalogFilter(const MbdEIo& io) : KsoANamedFilterOf(io) {}
+};
