@@ -6,8 +6,8 @@ KsoChartsIdentifier KpaChartsConfig::fix(const KsoChartsIdentifier& value, const
 {
     if (value.isNull())
         return value;
-    KsoChartsIdentifier present = value.present();
-    return _newItemAccepted || getIdentifiers().contains(present) ? present : previous;
+    KsoChartsIdentifier named = present(value);
+    return _newItemAccepted || getIdentifiers().contains(named) ? named : previous;
 }
 
 QList<KsoChartsIdentifier> KpaChartsConfig::_findItems() const

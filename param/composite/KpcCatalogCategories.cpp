@@ -1,4 +1,4 @@
-#include "KpcCategoryRenames.h"
+#include "KpcRenamedRows.h"
 
 #include <param/atomic/KpaColor.h>
 #include <param/atomic/KpaEnum.h>
@@ -11,9 +11,10 @@
 #include <util/Ku.h>
 
 #include <QtCore/QObject>
+#include <QtCore/QScopeGuard>
 #include <QtCore/QSet>
 
-#include <limits>
+#include <utility>
 
 template class KpcList<KpcCatalogCategory>;
 
@@ -25,17 +26,36 @@ constexpr Kp::NotificationFlags anyFlag = Kp::NotifyValue | Kp::NotifyConfig | K
 
 } // namespace
 
+/// The list of the rows, of which several can go at once.
+class KpcCatalogCategories::Rows final : public KpcList<KpcCatalogCategory>
+{
+public:
+    Rows(const QString& key, const KstITransactable& transactable) : KpcList(key, transactable) {}
+    Rows(const Rows& other, const QString& newKey) : KpcList(other, newKey) {}
+    Rows* duplicate(const QString& newKey) const override { return new Rows(*this, newKey); }
+
+    /// `ranks` are in ascending order; the last row goes first.
+    void removeItemsAt(const std::vector<int>& ranks)
+    {
+        if (ranks.empty())
+            return;
+        KuoLock<KpnModif> lock(this);
+        _deleteItems(ranks);
+        if (lock.isAlive())
+            _closeRanking(lock);
+    }
+};
+
 KpcCatalogCategories::KpcCatalogCategories(const QString& key, const KstITransactable& transactable)
     : KpcGroup(KpbEType::CATALOG_CATEGORIES, key, transactable),
-      _renames(std::make_unique<KpcCategoryRenames>())
+      _renamed(std::make_unique<KpcRenamedRows>())
 {
     _declare({*this, KpcChildren::Create});
 }
 
 KpcCatalogCategories::KpcCatalogCategories(const KpcCatalogCategories& other, const QString& newKey)
     : KpcGroup(other, newKey),
-      _renames(std::make_unique<KpcCategoryRenames>()),
-      _lastRenamed(std::numeric_limits<int>::max())
+      _renamed(std::make_unique<KpcRenamedRows>())
 {
     _declare({*this, KpcChildren::Rebind});
 }
@@ -60,6 +80,11 @@ void KpcCatalogCategories::_declare(KpcChildren children)
 KpcCatalogCategory* KpcCatalogCategories::addNewCategory(const QString& name)
 {
     KuoLock<KpnModif> lock(_categories.get());
+    _isAppending = true;
+    const auto end = qScopeGuard([&lock, this] {
+        if (lock.isAlive())
+            _isAppending = false;
+    });
     const KuoPointer<KpbAParameter> category(_categories->addItem());
     auto* added = static_cast<KpcCatalogCategory*>(category.get());
     if (category)
@@ -113,28 +138,34 @@ void KpcCatalogCategories::_describe(const KsoEnumCatalog& item)
 void KpcCatalogCategories::_describeFromNothing()
 {
     const KuoPointer<KpbAParameter> self(this);
-    for (int rank = _categories->getItemCount() - 1; self && rank >= 0; --rank) {
+    for (int rank = 0; self && rank < _categories->getItemCount(); ++rank) {
         const KuoPointer<KpbAParameter> row(_categories->getItemAt(rank));
         auto* category = static_cast<KpcCatalogCategory*>(row.get());
-        if (row && category->_is(Operation::REMOVE)) {
-            _categories->removeItemAt(rank);
+        if (category->_is(Operation::REMOVE))
             continue;
-        }
-        if (row)
-            category->_operation->setEnum(Operation::ADD);
+        category->_operation->setEnum(Operation::ADD);
         if (row)
             category->_name->setValue(QString());
     }
+    if (self)
+        _categories->removeItemsAt(_rowsToRemove());
+}
+
+std::vector<int> KpcCatalogCategories::_rowsToRemove() const
+{
+    std::vector<int> ranks;
+    for (int rank = 0; rank < _categories->getItemCount(); ++rank) {
+        if (_categories->getItemAt(rank)->_is(Operation::REMOVE))
+            ranks.push_back(rank);
+    }
+    return ranks;
 }
 
 KpbStatus KpcCatalogCategories::getStatus(bool isStatement) const
 {
     QSet<QString> removed;
-    for (int rank = 0; rank < _categories->getItemCount(); ++rank) {
-        const KpcCatalogCategory* category = _categories->getItemAt(rank);
-        if (category->_is(Operation::REMOVE))
-            removed.insert(category->_name->getValue());
-    }
+    for (const int rank : _rowsToRemove())
+        removed.insert(_categories->getItemAt(rank)->_name->getValue());
     KpbStatus status;
     QSet<QString> seen;
     for (int rank = 0; rank < _categories->getItemCount(); ++rank) {
@@ -147,8 +178,8 @@ KpbStatus KpcCatalogCategories::getStatus(bool isStatement) const
                                         : QObject::tr("Give a name for all categories."));
         }
         else if (removed.contains(name)) {
-            status.addError(QObject::tr("Cannot create %1 while removing it at the same time.")
-                                .arg(MbbHtml::displayName(name)));
+            status.addError(
+                QObject::tr("Cannot create %1 while removing it at the same time.").arg(MbbHtml::displayName(name)));
         }
         else if (seen.contains(name)) {
             status.addError(QObject::tr("Category name %1 must be unique.").arg(MbbHtml::displayName(name)));
@@ -178,28 +209,26 @@ void KpcCatalogCategories::update(const KpnModif& modif)
     lock.commit();
 }
 
-// Loading changes row after row, and the renames above stay as they are: where nothing below can be concerned, only the
-// changed row is looked at.
+// Loading changes row after row: where the others keep what they say, only the changed row is looked at.
 void KpcCatalogCategories::_followRenames(const KpnModif& modif)
 {
     const KuoPointer<KpbAParameter> self(this);
-    const int changed = _changedRow(modif);
-    if (changed >= _lastRenamed && changed >= 0) {
-        _followRename(changed);
+    const int changed = _changedRow(modif, std::exchange(_isAppending, false));
+    if (changed >= 0 && _followRename(changed))
         return;
-    }
-    _renames->clear();
-    _setLastRenamed(-1, {});
+    _renamed->clear();
     for (int rank = 0; self && rank < _categories->getItemCount(); ++rank)
         _followRename(rank);
 }
 
-// The only row that a record tells of; -1 if there are several, or the list itself has changed.
-int KpcCatalogCategories::_changedRow(const KpnModif& modif)
+// The only row that a record tells of; -1 if there are several, or if the list itself has changed and not only got it.
+int KpcCatalogCategories::_changedRow(const KpnModif& modif, bool isAppending)
 {
     const KpbAParameter* row = nullptr;
     bool single = true;
     modif.forEach([&](const KpnPath& path, Kp::NotificationFlags) {
+        if (isAppending && path.count() == 1)
+            return;
         const KpbAParameter* of = path.count() < 2 ? nullptr : path.at(path.count() - 2);
         single = single && of && (!row || of == row) && path.getLast() == _categories.get();
         row = of;
@@ -213,26 +242,15 @@ int KpcCatalogCategories::_changedRow(const KpnModif& modif)
     return _lastChanged = _categories->getItemRank(static_cast<const KpcCatalogCategory*>(row));
 }
 
-// `_renames` has those of the rows above the last renamed one, which may be this one.
-void KpcCatalogCategories::_followRename(int rank)
+// Gives whether that was enough; nothing has been done otherwise.
+bool KpcCatalogCategories::_followRename(int rank)
 {
     const KpcCatalogCategory& category = *_categories->getItemAt(rank);
-    const QString name = category._name->getValue();
-    const QString target = category._operationValue->getValue();
-    if (category._is(Operation::ADD) || name.isEmpty() || name == target) {
-        if (rank == _lastRenamed)
-            _lastRename = {};
-        return;
-    }
-    if (rank > _lastRenamed && !_lastRename.name.isEmpty())
-        _renames->add(_lastRename.name, _lastRename.target);
-    const QString finalName = _renames->follow(target);
-    _setLastRenamed(rank, {name, finalName});
-    category._operationValue->setValue(finalName);
-}
-
-void KpcCatalogCategories::_setLastRenamed(int rank, const Rename& rename)
-{
-    _lastRenamed = rank;
-    _lastRename = rename;
+    KpcRenamedRows::Rename rename;
+    if (!category._is(Operation::ADD) && category._name->getValue() != category._operationValue->getValue())
+        rename = {category._name->getValue(), category._operationValue->getValue()};
+    const std::optional<QString> finalName = _renamed->look(rank, rename);
+    if (finalName && !rename.name.isEmpty())
+        category._operationValue->setValue(*finalName);
+    return finalName.has_value();
 }

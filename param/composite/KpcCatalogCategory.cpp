@@ -63,8 +63,7 @@ bool KpcCatalogCategory::_is(const KpcCatalogCategoryOperation& operation) const
 
 KpbAParameter::SerialForm KpcCatalogCategory::serialize() const
 {
-    const bool nameStays =
-        _is(KpcCatalogCategoryOperation::EDIT) && _operationValue->getValue() == _name->getValue();
+    const bool nameStays = _is(KpcCatalogCategoryOperation::EDIT) && _operationValue->getValue() == _name->getValue();
     _mark(_is(KpcCatalogCategoryOperation::ADD), _is(KpcCatalogCategoryOperation::REMOVE), nameStays);
     return {};
 }
@@ -77,8 +76,7 @@ void KpcCatalogCategory::unserialize(const SerialForm& map)
 
 void KpcCatalogCategory::_mark(bool name, bool color, bool operationValue) const
 {
-    const std::pair<KpbAParameter*, bool> marks[] = {
-        {_name, name}, {_color, color}, {_operationValue, operationValue}};
+    const std::pair<KpbAParameter*, bool> marks[] = {{_name, name}, {_color, color}, {_operationValue, operationValue}};
     for (const auto& [child, unused] : marks) {
         if (unused && !child->isVolatile() && !child->isLoadLocked()) {
             child->setVolatile(true);

@@ -251,11 +251,13 @@ void KpcCutoffs::convert(QDomElement& element, int fromVersion) const
     }
 }
 
-// Version 1 had the items of a list where version 2 has one text.
+// Version 1 had the items of a list, or the list as a child, where version 2 has one text.
 void KpcCutoffs::_convertToVersion2(QDomElement element)
 {
+    const QDomElement child = _convertXmlGetParam(element, {QStringLiteral("LIST")});
+    QDomElement stored = child.isNull() ? element : child;
     KplDoubleList list(QStringLiteral("TMP"));
-    KpsSerializer::updateParamFromXml(&list, element);
+    KpsSerializer::updateParamFromXml(&list, stored);
     while (element.hasChildNodes())
         element.removeChild(element.firstChild());
     QDomDocument document = element.ownerDocument();

@@ -230,14 +230,15 @@ KpcSelection* KpcDataset::createSelectionParameter()
         return dynamic_cast<KpcSelection*>(getChild(selectionKey()));
     auto created = std::make_unique<KpcSelection>(selectionKey(), _getTransactable());
     created->setLabel(QObject::tr("Selection"));
+    const KuoPointer<KpbAParameter> self(this);
     const KuoPointer<KpcSelection> selection(created.get());
     appendChild(created.get());
     created.release();
     if (selection)
         selection->setRelative(true);
-    if (selection)
+    if (self && selection)
         Root(*getRootParameter()).tellType(rootHolder(*selection));
-    if (selection)
+    if (self && selection)
         Root(*getRootParameter()).tellIdent(rootHolder(*selection));
     return selection;
 }

@@ -1,5 +1,6 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QScopeGuard>
+#include <QtCore/QSet>
 
 #include <basic/MbeError.h>
 #include <geos_python/MgmPythonDict.h>
@@ -184,11 +185,14 @@ QString KpcSampleCategories::_auxName(int index) const
 
 QStringList KpcSampleCategories::getReadableRules() const
 {
+    QList<std::pair<QString, QString>> names;
+    for (int v = 0; v < getVariablesCount(); ++v)
+        names.append({_auxName(v), getVariable(v).getName()});
     QStringList rules;
     for (int i = 0; i < getRulesCount(); ++i) {
         QString text = getRuleCond(i);
-        for (int v = 0; v < getVariablesCount(); ++v)
-            text = replacedWithinBounds(text, _auxName(v), getVariable(v).getName());
+        for (const auto& [auxName, name] : names)
+            text = replacedWithinBounds(text, auxName, name);
         rules.append(getRuleName(i) + QLatin1String(" : ") + text);
     }
     return rules;
@@ -392,16 +396,10 @@ void KpcSampleCategories::update(const KpnModif& modif)
     lock.commit();
 }
 
-// Looks at what has changed and not at all rules: a document sets the conditions one by one. The label may be a pattern
-// that finds itself in what it has replaced, so what is set here is not looked at again.
+// The label may be a pattern that finds itself in what it has replaced, so what is set here is not looked at again.
 void KpcSampleCategories::_normaliseConditions(const KpnModif& modif, const KuoLock<KpnModif>& lock)
 {
-    std::vector<KuoPointer<KpaString>> changed;
-    modif.forEach([&](const KpnPath& path, Kp::NotificationFlags flags) {
-        KpaString* cond = (flags & (Kp::NotifyValue | Kp::NotifyItem)) ? _asCond(path.getFirst()) : nullptr;
-        if (cond && cond != _normalised)
-            changed.emplace_back(cond);
-    });
+    const std::vector<KuoPointer<KpaString>> changed = _takeChangedConds(modif);
     if (changed.empty())
         return;
     const QRegularExpression auxName(QStringLiteral("\\b%1([0-9]+\\b)").arg(_auxLabel),
@@ -416,6 +414,28 @@ void KpcSampleCategories::_normaliseConditions(const KpnModif& modif, const KuoL
         });
         cond->setValue(QString(cond->getValue()).replace(auxName, normalised));
     }
+}
+
+// In the order of the rules. A document sets the conditions one by one: for one of them the rules are not gone through.
+std::vector<KuoPointer<KpaString>> KpcSampleCategories::_takeChangedConds(const KpnModif& modif)
+{
+    QSet<KpaString*> changed;
+    modif.forEach([&](const KpnPath& path, Kp::NotificationFlags flags) {
+        KpaString* cond = (flags & (Kp::NotifyValue | Kp::NotifyItem)) ? _asCond(path.getFirst()) : nullptr;
+        if (cond && cond == _normalised)
+            _normalised = nullptr;
+        else if (cond)
+            changed.insert(cond);
+    });
+    std::vector<KuoPointer<KpaString>> conds;
+    if (changed.size() == 1)
+        conds.emplace_back(*changed.cbegin());
+    for (int i = 0; int(conds.size()) < changed.size() && i < getRulesCount(); ++i) {
+        KpaString* cond = getRuleParameter(i)->_cond;
+        if (changed.contains(cond))
+            conds.emplace_back(cond);
+    }
+    return conds;
 }
 
 KpaString* KpcSampleCategories::_asCond(KpbAParameter* parameter) const

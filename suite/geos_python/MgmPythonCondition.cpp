@@ -68,7 +68,9 @@ double parseNumber(const py::handle& value)
 double modulo(double a, double b)
 {
     const double rest = std::fmod(a, b);
-    return rest != 0.0 && (rest < 0.0) != (b < 0.0) ? rest + b : rest;
+    if (rest == 0.0)
+        return std::copysign(rest, b);
+    return (rest < 0.0) != (b < 0.0) ? rest + b : rest;
 }
 
 // Of what is left without the remainder: a quotient of doubles may be rounded up to the next whole number.

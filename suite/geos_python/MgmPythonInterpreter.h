@@ -13,9 +13,8 @@ class QString;
 /// - the comparisons `==`, `!=`, `<`, `<=`, `>`, `>=`, also in chains, and `in` and `not in` with a text or a list of
 ///   values in parentheses or brackets on the right;
 /// - `+`, `-`, `*`, `/`, `//`, `%` and `**` of numbers, `+` of two texts, and `&`, `|` and `^` of two truth values;
-/// - calls of `abs`, `min` and `max` (of two or more), `round`, `len`, `float`, `int`, `sqrt`, `exp`, `log`, `log10`,
-/// `sin`, `cos`, `tan`,
-///   `floor`, `ceil` and `isnan`, with arguments in order.
+/// - calls with arguments in order, of `abs`, `min` and `max` of two or more, `round`, `len`, `float`, `int`, `sqrt`,
+///   `exp`, `log`, `log10`, `sin`, `cos`, `tan`, `floor`, `ceil` and `isnan`.
 ///
 /// Everything else is refused: attributes, indices, keywords, formats, other calls. Conditions come from stored
 /// documents, so none can reach the system, and each ends soon and in little memory: the text is limited to

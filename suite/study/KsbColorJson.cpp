@@ -11,10 +11,10 @@ QString KsbColorJson::toText(const MbbColor& color)
 MbbColor KsbColorJson::fromText(const QString& text)
 {
     bool valid = false;
-    const quint32 rgba = text.mid(1).toUInt(&valid, 16);
-    if (!valid || text.size() != 9 || !text.startsWith(QLatin1Char('#')))
+    const MbbColor color(text.mid(1).toUInt(&valid, 16));
+    if (!valid || toText(color) != text.toLower())
         throw MbeError(MbeError::Storage, QStringLiteral("'%1' is no colour.").arg(text));
-    return MbbColor(rgba);
+    return color;
 }
 
 MbbColor KsbColorJson::read(const QJsonObject& object, const QString& key, const MbbColor& fallback)

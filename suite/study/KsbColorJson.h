@@ -13,8 +13,4 @@ public:
     static QString toText(const MbbColor& color);
     static MbbColor fromText(const QString& text);
     static MbbColor read(const QJsonObject& object, const QString& key, const MbbColor& fallback);
-    static void write(QJsonObject& object, const QString& key, const MbbColor& color)
-    {
-        object.insert(key, toText(color));
-    }
 };

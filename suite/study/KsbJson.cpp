@@ -97,13 +97,37 @@ QString KsbJson::readText(const QJsonObject& object, const QString& key)
     return value.toString();
 }
 
-QStringList KsbJson::readTexts(const QJsonObject& object, const QString& key)
+QJsonObject KsbJson::readObject(const QJsonObject& object, const QString& key)
+{
+    const QJsonValue value = object.value(key);
+    if (!value.isObject() && !value.isUndefined())
+        failDamaged(key);
+    return value.toObject();
+}
+
+QJsonArray KsbJson::_readArray(const QJsonObject& object, const QString& key)
 {
     const QJsonValue value = object.value(key);
     if (!value.isArray() && !value.isUndefined())
         failDamaged(key);
+    return value.toArray();
+}
+
+QList<QJsonObject> KsbJson::readObjects(const QJsonObject& object, const QString& key)
+{
+    QList<QJsonObject> objects;
+    for (const QJsonValue& value : _readArray(object, key)) {
+        if (!value.isObject())
+            failDamaged(key);
+        objects.append(value.toObject());
+    }
+    return objects;
+}
+
+QStringList KsbJson::readTexts(const QJsonObject& object, const QString& key)
+{
     QStringList texts;
-    for (const QJsonValue& text : value.toArray()) {
+    for (const QJsonValue& text : _readArray(object, key)) {
         if (!text.isString())
             failDamaged(key);
         texts.append(text.toString());

@@ -33,10 +33,8 @@ QJsonArray toArray(const QVector<KsoChartsInfo::View>& views)
 KsoChartsInfo::Folder toFolder(const QJsonObject& json)
 {
     KsoChartsInfo::Folder folder{readId(json), KsbJson::readText(json, nameKey), {}};
-    for (const QJsonValue& stored : json.value(viewsKey).toArray()) {
-        const QJsonObject view = stored.toObject();
+    for (const QJsonObject& view : KsbJson::readObjects(json, viewsKey))
         folder.views.append({readId(view), KsbJson::readText(view, nameKey)});
-    }
     return folder;
 }
 
@@ -66,19 +64,26 @@ QJsonObject KsoChartsKind::write(const Content& content)
 KsoChartsInfo KsoChartsKind::read(const QJsonObject& json)
 {
     QVector<KsoChartsInfo::Folder> folders;
-    for (const QJsonValue& folder : json.value(foldersKey).toArray())
-        folders.append(toFolder(folder.toObject()));
+    for (const QJsonObject& folder : KsbJson::readObjects(json, foldersKey))
+        folders.append(toFolder(folder));
     KsoChartsInfo info;
     if (!info.restore(folders))
         KsbJson::failDamaged(foldersKey);
     return info;
 }
 
+KsoChartsIdentifier::KsoChartsIdentifier(KsmModelCharts* model, const QString& name,
+                                         const KsoChartsInfo::Folder& folder, const KsoChartsInfo::View& view)
+    : KsoANamedIdentifierOf(model, name),
+      _folder(isNull() ? QString() : folder.name),
+      _view(_folder.isEmpty() ? QString() : view.name),
+      _folderId(folder.id),
+      _viewId(view.id)
+{}
+
 KsoChartsIdentifier::KsoChartsIdentifier(KsmModelCharts* model, const QString& name, const QString& folder,
                                          const QString& view)
-    : KsoANamedIdentifierOf(model, name),
-      _folder(isNull() ? QString() : folder),
-      _view(_folder.isEmpty() ? QString() : view)
+    : KsoChartsIdentifier(model, name, KsoChartsInfo::Folder{QUuid(), folder, {}}, {QUuid(), view})
 {
     if (const KsoCharts* item = getChartsItem())
         _lookUp(item->getInfo());
@@ -86,7 +91,7 @@ KsoChartsIdentifier::KsoChartsIdentifier(KsmModelCharts* model, const QString& n
 
 KsoChartsIdentifier::KsoChartsIdentifier(KsmModelCharts* model, const QString& name, const KsoChartsInfo& info,
                                          const QString& folder, const QString& view)
-    : KsoChartsIdentifier(model, name, folder, view)
+    : KsoChartsIdentifier(model, name, KsoChartsInfo::Folder{QUuid(), folder, {}}, {QUuid(), view})
 {
     _lookUp(info);
 }
@@ -174,15 +179,16 @@ KsoChartsIdentifier KsoChartsIdentifier::changeRoot(const KsoChartsIdentifier& r
 
 KsoChartsIdentifier KsoChartsIdentifier::present() const
 {
-    KsoChartsIdentifier ident = *this;
-    const QString name = _presentName();
-    if (name != getName()) {
-        ident = KsoChartsIdentifier(getModel(), name, _folder, _view);
-        ident._folderId = _folderId;
-        ident._viewId = _viewId;
-    }
-    const KsoCharts* item = ident.getChartsItem();
-    return item ? item->getInfo().updateViewRef(ident) : ident;
+    const KsoCharts* item = KsoChartsIdentifier(getModel(), _presentName()).getChartsItem();
+    return present(item ? item->getInfo() : KsoChartsInfo());
+}
+
+KsoChartsIdentifier KsoChartsIdentifier::present(const KsoChartsInfo& info) const
+{
+    KsoChartsIdentifier ident(getModel(), _presentName(), _folder, _view);
+    ident._folderId = _folderId;
+    ident._viewId = _viewId;
+    return info.updateViewRef(ident);
 }
 
 bool KsmModifCharts::hasModif(const KsoChartsIdentifier& ident, int reasons) const

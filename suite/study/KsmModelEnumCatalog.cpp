@@ -52,8 +52,7 @@ MbdEnumCatalog KsoEnumCatalogKind::read(const QJsonObject& json)
     MbdEnumCatalog catalog;
     catalog.setUndefColor(KsbColorJson::read(json, undefColorKey, catalog.getUndefColor()));
     QSet<QString> labels;
-    for (const QJsonValue& stored : json.value(categoriesKey).toArray()) {
-        const QJsonObject category = stored.toObject();
+    for (const QJsonObject& category : KsbJson::readObjects(json, categoriesKey)) {
         const int value =
             KsbJson::readInt(category, valueKey, MbbGlobal::I16_FFFF + 1, std::numeric_limits<qint16>::max(), 0);
         const QString label = KsbJson::readText(category, labelKey);

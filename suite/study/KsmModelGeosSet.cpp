@@ -29,11 +29,11 @@ QJsonObject KsoGeosSetKind::write(const Content& content)
 MbbOrderedMap<QString, QString> KsoGeosSetKind::read(const QJsonObject& json)
 {
     MbbOrderedMap<QString, QString> documents;
-    for (const QJsonValue& document : json.value(documentsKey).toArray()) {
-        if (!document.toObject().contains(nameKey))
+    for (const QJsonObject& document : KsbJson::readObjects(json, documentsKey)) {
+        const QString name = KsbJson::readText(document, nameKey);
+        if (!document.contains(nameKey) || documents.contains(name))
             KsbJson::failDamaged(nameKey);
-        documents.insert(KsbJson::readText(document.toObject(), nameKey),
-                         KsbJson::readText(document.toObject(), textKey));
+        documents.insert(name, KsbJson::readText(document, textKey));
     }
     return documents;
 }

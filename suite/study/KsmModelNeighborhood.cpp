@@ -24,10 +24,9 @@ QJsonObject toObject(const Ident& ident)
     return object;
 }
 
-Ident toIdent(const QJsonValue& value)
+Ident toIdent(const QJsonObject& object)
 {
     Ident ident;
-    const QJsonObject object = value.toObject();
     for (const QString& key : {Ks::KEY_PATH, Ks::KEY_FILE, Ks::KEY_SUPPORT, Ks::KEY_NAME, Ks::KEY_MACRO}) {
         if (object.contains(key))
             ident.insert(key, KsbJson::readText(object, key));
@@ -43,11 +42,11 @@ QJsonArray toArray(const QList<Ident>& idents)
     return array;
 }
 
-QList<Ident> toIdents(const QJsonValue& value)
+QList<Ident> toIdents(const QList<QJsonObject>& objects)
 {
     QList<Ident> idents;
-    for (const QJsonValue& ident : value.toArray())
-        idents.append(toIdent(ident));
+    for (const QJsonObject& object : objects)
+        idents.append(toIdent(object));
     return idents;
 }
 
@@ -67,8 +66,9 @@ QJsonObject KsoNeighborhoodKind::write(const Content& content)
 
 KsoNeighborhoodDefinition KsoNeighborhoodKind::read(const QJsonObject& json)
 {
-    return {toIdent(json.value(supportKey)), toIdent(json.value(codeVariableKey)),
-            toIdents(json.value(largeCutoffsKey)), toIdents(json.value(smallCutoffsKey))};
+    return {toIdent(KsbJson::readObject(json, supportKey)), toIdent(KsbJson::readObject(json, codeVariableKey)),
+            toIdents(KsbJson::readObjects(json, largeCutoffsKey)),
+            toIdents(KsbJson::readObjects(json, smallCutoffsKey))};
 }
 
 KsoDataIdentifier KsoNeighborhood::_ident(const KsoNeighborhoodDefinition::Ident& map) const

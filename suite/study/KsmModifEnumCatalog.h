@@ -3,7 +3,7 @@
 #include <study/KsmANamedModif.h>
 #include <study/KsoEnumCatalogIdentifier.h>
 
-/// What changed of the catalog of categoriess of a project.
+/// What changed of the catalogs of categories of a project.
 class KESTRIN_STUDY_EXPORT KsmModifEnumCatalog : public KsmANamedModif<KsoEnumCatalogKind>
 {
 public:

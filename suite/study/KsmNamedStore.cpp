@@ -35,8 +35,11 @@ KsmNamedStore::Record decode(const KsbItemRecord& stored)
             attributes.value(contentKey).toObject()};
 }
 
-void requireName(const QString& name, QSet<QString>& former)
+void requireNamed(const KsbItemRecord& stored, QSet<QString>& former)
 {
+    const QString& name = stored.name;
+    if (stored.id <= 0)
+        throw MbeError(MbeError::Storage, QStringLiteral("Its number is none."));
     const QString problem = Ks::describeInvalidName(name);
     if (!problem.isEmpty())
         throw MbeError(MbeError::Storage, problem);
@@ -59,7 +62,7 @@ QList<KsmNamedStore::Record> KsmNamedStore::list() const
     for (const KsbItemRecord& stored : _driver->list(_model)) {
         mbeTranslate(
             [&] {
-                requireName(stored.name, names);
+                requireNamed(stored, names);
                 records.append(decode(stored));
             },
             [&] { return describe(stored.id, stored.name); });

@@ -43,7 +43,7 @@ QStringList KsoANamedIdentifier::_names() const
 
 bool KsoANamedIdentifier::_isEqual(const KsoANamedIdentifier& other) const
 {
-    return isNull() == other.isNull() && (isNull() || (getModel() == other.getModel() && _names() == other._names()));
+    return _name == other._name && (isNull() || (getModel() == other.getModel() && _names() == other._names()));
 }
 
 bool KsoANamedIdentifier::_isLess(const KsoANamedIdentifier& other) const

@@ -27,6 +27,9 @@ public:
     /// Of a folder or view that `info` has, whatever the chart file holds.
     KsoChartsIdentifier(KsmModelCharts* model, const QString& name, const KsoChartsInfo& info, const QString& folder,
                         const QString& view = QString());
+    /// Of a folder, or a view in it, that is known.
+    KsoChartsIdentifier(KsmModelCharts* model, const QString& name, const KsoChartsInfo::Folder& folder,
+                        const KsoChartsInfo::View& view = KsoChartsInfo::View());
     /// What `toMap(true)` gave. A map without the name of a chart file gives null.
     static KsoChartsIdentifier fromMap(const MbbOrderedMap<QString, QString>& map, KsmModelCharts* model);
     /// What `toViewPath()` gave; null for a text that is no path.
@@ -52,6 +55,8 @@ public:
     KsoChartsIdentifier changeRoot(const KsoChartsIdentifier& root) const;
     /// The identifier under the names that chart file, folder and view have now that it was made for.
     KsoChartsIdentifier present() const;
+    /// The same, with the names that folder and view have in `info`, whatever the chart file holds.
+    KsoChartsIdentifier present(const KsoChartsInfo& info) const;
 
     /// The ids of folder and view when the identifier was made; null for those that were not there.
     const QUuid& getFolderId() const { return _folderId; }

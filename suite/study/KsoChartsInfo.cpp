@@ -138,7 +138,8 @@ bool KsoChartsInfo::restore(const QVector<Folder>& folders)
 
 KsoChartsIdentifier KsoChartsInfo::updateViewRef(const KsoChartsIdentifier& ident) const
 {
-    const Folder* folder = findId(_folders, ident.getFolderId());
+    const Folder* known = findId(_folders, ident.getFolderId());
+    const Folder* folder = known ? known : findFolder(ident.getFolder());
     if (!folder)
         return ident;
     const View* view = findId(folder->views, ident.getViewId());

@@ -45,8 +45,8 @@ public:
     /// Becomes what `folders` say; false if a name or an id is none or is there twice.
     bool restore(const QVector<Folder>& folders);
 
-    /// `ident` under the names that its folder and its view have here now: those with the ids that it was made for.
-    /// What is not here stays as it is.
+    /// `ident` under the names that its folder and its view have here now: those with the ids that it was made for, or
+    /// else with its names, whose ids it then takes over. What is not here stays as it is.
     KsoChartsIdentifier updateViewRef(const KsoChartsIdentifier& ident) const;
 
     friend bool operator==(const KsoChartsInfo& a, const KsoChartsInfo& b) = default;

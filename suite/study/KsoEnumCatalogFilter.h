@@ -3,7 +3,7 @@
 #include <study/KsoANamedFilterOf.h>
 #include <study/KsoEnumCatalog.h>
 
-/// What a parameter accepts of the catalog of categoriess.
+/// What a parameter accepts of the catalogs of categories.
 class KESTRIN_STUDY_EXPORT KsoEnumCatalogFilter : public KsoANamedFilterOf<KsoEnumCatalogFilter, KsoEnumCatalogKind>
 {
 public:

@@ -81,7 +81,7 @@ public:
 
     void connect(const QString& host, int port)
     {
-        _place = QStringLiteral("%1:%2").arg(host).arg(port);
+        _place = QStringLiteral("%1:%2").arg(host, QString::number(port));
         _socket.connectToHost(host, static_cast<quint16>(port));
         if (!_socket.waitForConnected(getRest(_deadline)))
             fail(QStringLiteral("No connection to the ZVXserver at %1: %2").arg(_place, _socket.errorString()));

@@ -8,6 +8,7 @@
 #include <basic/MbeError.h>
 #include <util/KufISampleFilterRule.h>
 
+#include <algorithm>
 #include <cmath>
 
 /// Reads the fields of a rule of a sample filter from its map. A field that is missing has its default; one that cannot
@@ -47,7 +48,10 @@ public:
     {
         return _read(name, QStringList(), [](const QVariant& value, QStringList& result) {
             result = value.toStringList();
-            return value.type() == QVariant::StringList || value.type() == QVariant::List;
+            const QVariantList items = value.toList();
+            const auto isText = [](const QVariant& item) { return item.type() == QVariant::String; };
+            return (value.type() == QVariant::StringList || value.type() == QVariant::List) &&
+                   std::all_of(items.begin(), items.end(), isText);
         });
     }
     /// The item of the key.

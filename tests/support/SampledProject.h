@@ -17,7 +17,7 @@
 ///              Ore   a boolean           1      0      1  undefined   1
 ///              Name  a text             a1     a2     b1    empty    b2
 ///              Rock  a category       Sand   Clay   Marl  undefined Sand
-///     cores    Ag    a double            7      8
+///     cores    Au    a double            7      8
 class SampledProject : public KstATransactableDefault
 {
 public:

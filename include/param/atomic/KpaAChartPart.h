@@ -1,17 +1,17 @@
 #pragma once
 
 #include <param/atomic/KpaAChartPartConfig.h>
-#include <param/atomic/KpaAItemsAtomic.h>
+#include <param/atomic/KpaAFilteredItemsAtomic.h>
 
 /// What the atomics share whose value is a folder or a view of a chart file.
 template <class Config>
-class Q_DECL_EXPORT KpaAChartPart : public KpaAItemsAtomic<KpaAAppliAtomic<KsoChartsIdentifier, Config, KsmModifCharts>>
+class Q_DECL_EXPORT KpaAChartPart
+    : public KpaAFilteredItemsAtomic<KpaAAppliAtomic<KsoChartsIdentifier, Config, KsmModifCharts>>
 {
 public:
-    using Base = KpaAItemsAtomic<KpaAAppliAtomic<KsoChartsIdentifier, Config, KsmModifCharts>>;
+    using Base = KpaAFilteredItemsAtomic<KpaAAppliAtomic<KsoChartsIdentifier, Config, KsmModifCharts>>;
 
     const KsoChartsIdentifier& getRootIdent() const { return this->_config.getRootIdent(); }
-    const KsoChartsFilter& getFilter() const { return this->_config.getFilter(); }
     bool isRelative() const { return this->_config.isRelative(); }
     bool isCustomTableUsed() const { return this->_config.isCustomTableUsed(); }
     const KsoChartsInfo& getCustomTable() const { return this->_config.getCustomTable(); }
@@ -23,21 +23,16 @@ public:
             return;
         const KsoChartsIdentifier former = this->_value;
         this->_value = this->_value.changeRoot(getRootIdent());
+        this->_lookUp();
         KuoLock<KpnModif> lock(this);
         this->_configChanged();
         if (this->_value != former)
             this->_notify(Kp::NotifyValue);
         lock.commit();
     }
-    /// The filter is tied to the application of this parameter.
-    void setFilter(KsoChartsFilter filter)
-    {
-        filter.setApplicationFlags({this->getApplicationFlag()});
-        this->_configChangedIf(this->_config.setFilter(filter));
-    }
     void setRelative(bool relative) { this->_configChangedIf(this->_config.setRelative(relative)); }
-    void useCustomTable(bool used) { this->_configChangedIf(this->_config.useCustomTable(used)); }
-    void setCustomTable(const KsoChartsInfo& table) { this->_configChangedIf(this->_config.setCustomTable(table)); }
+    void useCustomTable(bool used) { _tableChangedIf(this->_config.useCustomTable(used)); }
+    void setCustomTable(const KsoChartsInfo& table) { _tableChangedIf(this->_config.setCustomTable(table)); }
 
     /// The custom table if it is used; otherwise that of the chart file of the value, or of the root where there is no
     /// value. Empty if there is no such chart file.
@@ -54,4 +49,13 @@ public:
 protected:
     KpaAChartPart(const QString& key, const KstITransactable& transactable) : Base(key, Config(), transactable) {}
     KpaAChartPart(const KpaAChartPart& other, const QString& newKey) : Base(other, newKey) {}
+
+private:
+    void _tableChangedIf(bool changed)
+    {
+        if (!changed)
+            return;
+        this->_lookUp();
+        this->_configChanged();
+    }
 };

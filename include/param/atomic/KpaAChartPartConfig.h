@@ -16,6 +16,7 @@ class Q_DECL_EXPORT KpaAChartPartConfig : public KpaAItemsConfig<Config, KsoChar
 {
 public:
     using Base = KpaAItemsConfig<Config, KsoChartsKind>;
+    using Filter = KsoChartsFilter;
 
     static constexpr int ListReasons = KsmReason::ListMask | KsmReason::Folders | KsmReason::Views;
     static constexpr int ItemReasons = KsmReason::Views;
@@ -50,8 +51,13 @@ public:
     {
         if (value.isNull())
             return value;
-        KsoChartsIdentifier present = _customTableUsed ? _customTable.updateViewRef(value) : value.present();
-        return this->getIdentifiers().contains(present) || _filter.check(present) ? present : previous;
+        KsoChartsIdentifier named = present(value);
+        return this->getIdentifiers().contains(named) || _filter.check(named) ? named : previous;
+    }
+    /// `ident` under the names that the chart file has now, and folder and view in the table of this configuration.
+    KsoChartsIdentifier present(const KsoChartsIdentifier& ident) const
+    {
+        return _customTableUsed ? ident.present(_customTable) : ident.present();
     }
     MbbOrderedMap<QString, QString> serializeValue(const KsoChartsIdentifier& ident) const
     {
@@ -60,11 +66,12 @@ public:
             map.remove(Ks::KEY_NAME);
         return map;
     }
+    /// The form of a relative parameter with a root is read below the root, whatever chart file it names.
     KsoChartsIdentifier unserializeValue(MbbOrderedMap<QString, QString> map, const KsoChartsIdentifier&) const
     {
         if (map.isEmpty())
             return {};
-        if (_relative)
+        if (_relative && !_root.isNull())
             map.insert(Ks::KEY_NAME, _root.getName());
         return KsoChartsIdentifier::fromMap(map, this->getModel());
     }
@@ -101,29 +108,31 @@ private:
         QList<KsoChartsIdentifier> found;
         if (_customTableUsed) {
             if (!_root.isNull())
-                _append(found, _root.getName(), _customTable, false);
+                _append(found, _root.getName(), _customTable);
             return found;
         }
+        if (_filter.getLevel() != Config::Level)
+            return found;
         for (const KsoCharts* item : this->getModel()->getUserItems() + this->getModel()->getBuiltInItems()) {
-            if (_root.isNull() || _root.getName() == item->getName())
-                _append(found, item->getName(), item->getInfo(), true);
+            if ((_root.isNull() || _root.getName() == item->getName()) && _filter.check(item))
+                _append(found, item->getName(), item->getInfo());
         }
         return found;
     }
-    void _append(QList<KsoChartsIdentifier>& found, const QString& name, const KsoChartsInfo& info, bool filtered) const
+    void _append(QList<KsoChartsIdentifier>& found, const QString& name, const KsoChartsInfo& info) const
     {
-        const auto append = [&](const QString& folder, const QString& view) {
-            const KsoChartsIdentifier ident(this->getModel(), name, info, folder, view);
-            if ((_root.isNull() || _root.isAncestorOf(ident)) && (!filtered || _filter.check(ident)))
+        const auto append = [&](const auto&... place) {
+            const KsoChartsIdentifier ident(this->getModel(), name, place...);
+            if (_root.isNull() || _root.isAncestorOf(ident))
                 found.append(ident);
         };
         for (const KsoChartsInfo::Folder& folder : info.getFolders()) {
             if constexpr (Config::Level == KsoChartsIdentifier::Folder) {
-                append(folder.name, QString());
+                append(folder);
             }
             else {
                 for (const KsoChartsInfo::View& view : folder.views)
-                    append(folder.name, view.name);
+                    append(folder, view);
             }
         }
     }

@@ -20,9 +20,9 @@ public:
     {
         if (value.isNull())
             return value;
-        Identifier present = value.present();
-        if (this->getIdentifiers().contains(present) || (_filter.isNewAccepted() && !present.exists()))
-            return present;
+        Identifier named = this->present(value);
+        if (this->getIdentifiers().contains(named) || (_filter.isNewAccepted() && !named.exists()))
+            return named;
         return previous;
     }
     QString toString(const Identifier& ident) const { return ident.toString(); }

@@ -27,9 +27,9 @@ public:
             this->_notify(Kp::NotifyItem);
         if (modif.hasModif(this->_value, Config::NameReasons))
             this->_notify(Kp::NotifyConfig);
-        if (modif.hasModif(Config::NameReasons))
-            this->_autoValue = this->_autoValue.present();
-        this->_configChangedIf(this->_config.modelModified(modif));
+        const bool listChanged = this->_config.modelModified(modif);
+        _lookUp();
+        this->_configChangedIf(listChanged);
         lock.commit();
     }
     void destroyed(const KuoAObservable<Modif>*) override
@@ -47,4 +47,14 @@ protected:
         : Atomic(other, newKey, *this),
           KuoIObserver<Modif>()
     {}
+
+    /// Before the configuration repairs them: the automatic value follows its item, and the value takes over the item
+    /// that its name has got.
+    void _lookUp()
+    {
+        this->_autoValue = this->_config.present(this->_autoValue);
+        const Identifier named = this->_config.present(this->_value);
+        if (named == this->_value)
+            this->_value = named;
+    }
 };

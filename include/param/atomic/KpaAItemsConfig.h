@@ -27,6 +27,9 @@ public:
     /// The items that are admitted at present: those of the user, then the built-in ones.
     const QList<Identifier>& getIdentifiers() const { return _items; }
 
+    /// `ident` under the names that the item has now which it was made for.
+    Identifier present(const Identifier& ident) const { return ident.present(); }
+
     /// Takes over the model of `project`, which may be null.
     bool updateProject(KssProject* project)
     {

@@ -4,7 +4,7 @@
 #include <study/KsmModelEnumCatalog.h>
 #include <study/KsoEnumCatalogFilter.h>
 
-/// Which of the catalog of categoriess of the project a parameter admits.
+/// Which of the catalogs of categories of the project a parameter admits.
 class KESTRIN_PARAM_EXPORT KpaCatalogConfig
     : public KpaAFilteredItemsConfig<KpaCatalogConfig, KsoEnumCatalogKind, KsoEnumCatalogFilter>
 {

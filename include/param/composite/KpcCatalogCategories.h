@@ -5,7 +5,7 @@
 #include <param/composite/KpcList.h>
 
 class KpaColor;
-class KpcCategoryRenames;
+class KpcRenamedRows;
 class KsoEnumCatalog;
 
 extern template class KESTRIN_PARAM_EXPORT KpcList<KpcCatalogCategory>;
@@ -34,25 +34,20 @@ public:
     void update(const KpnModif& modif) override;
 
 private:
-    struct Rename
-    {
-        QString name;
-        QString target;
-    };
+    class Rows;
 
     void _declare(KpcChildren children);
     void _describe(const KsoEnumCatalog& catalog);
     void _describeFromNothing();
+    std::vector<int> _rowsToRemove() const;
     void _followRenames(const KpnModif& modif);
-    int _changedRow(const KpnModif& modif);
-    void _followRename(int rank);
-    void _setLastRenamed(int rank, const Rename& rename);
+    int _changedRow(const KpnModif& modif, bool isAppending);
+    bool _followRename(int rank);
 
     KpcChild<KpaColor> _undefColor;
-    KpcChild<KpcList<KpcCatalogCategory>> _categories;
-    // The last look at the rows holds until something is heard of a row above the last renamed one, or of the list.
-    std::unique_ptr<KpcCategoryRenames> _renames;
-    int _lastRenamed = -1;
-    Rename _lastRename;
+    KpcChild<Rows> _categories;
+    std::unique_ptr<KpcRenamedRows> _renamed;
     int _lastChanged = -1;
+    // The next that is heard of the list is that a row has come behind all others, and nothing else.
+    bool _isAppending = false;
 };

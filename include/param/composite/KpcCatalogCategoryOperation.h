@@ -29,7 +29,10 @@ public:
 
     KpcCatalogCategoryOperation();
 
-    EValue toEnum() const { return EValue(getValue()); }
+    EValue toEnum() const
+    {
+        return EValue(getValue());
+    }
 
 #define KPC_CATALOG_CATEGORY_OPERATION_CONSTANT(key, value, label) static const KpcCatalogCategoryOperation key;
     KPC_CATALOG_CATEGORY_OPERATION_ROWS(KPC_CATALOG_CATEGORY_OPERATION_CONSTANT)

@@ -9,6 +9,8 @@
 #include <param/composite/KpcSampleCategoriesRule.h>
 #include <param/list/KplDataList.h>
 
+#include <vector>
+
 class KpaFlags;
 class KsoSampleCategories;
 class MgmPythonDict;
@@ -118,6 +120,8 @@ private:
 
     void _declare(KpcChildren children);
     void _normaliseConditions(const KpnModif& modif, const KuoLock<KpnModif>& lock);
+    /// The conditions that have changed but for the one that is being set here.
+    std::vector<KuoPointer<KpaString>> _takeChangedConds(const KpnModif& modif);
     /// `parameter` as the condition of one of the rules, null if it is none.
     KpaString* _asCond(KpbAParameter* parameter) const;
     QString _prefixed(qint64 number) const;
@@ -135,5 +139,5 @@ private:
     bool _indiceGenerationAvailable = false;
     QString _auxLabel = QStringLiteral("AUX");
     QString _categoryPrefix = QStringLiteral("Category");
-    const KpaString* _normalised = nullptr; // the condition that is being set, whose change is not looked at again
+    const KpaString* _normalised = nullptr; // the condition that is being set, until its change comes in
 };

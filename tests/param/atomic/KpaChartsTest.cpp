@@ -224,6 +224,21 @@ TEST_F(KpaChartFolderTest, TakesWhatItsFilterAccepts)
     EXPECT_TRUE(parameter.getValue().isNull());
 }
 
+TEST_F(KpaChartFolderTest, ListsNothingForAFilterOfAnotherLevel)
+{
+    parameter.setFilter(KsoChartsFilter::view(MbdEIo::INPUT));
+    EXPECT_EQ(list(), QStringList());
+    parameter.setValue(ident("Maps"));
+    EXPECT_TRUE(parameter.getValue().isNull());
+}
+
+TEST_F(KpaChartFolderTest, ListsNoFolderOfAChartFileThatIsForAnotherApplication)
+{
+    parameter.setFilter(KsoChartsFilter::folder(MbdEIo::INPUT));
+    EXPECT_EQ(flagsOf([&] { model->setApplicationFlags(report, {"mining"}); }), Flags({config}));
+    EXPECT_EQ(list(), QStringList({"Other/Histograms", "Other/Maps"}));
+}
+
 TEST_F(KpaChartFolderTest, FollowsItsRoot)
 {
     parameter.setRootIdent(ident());
@@ -274,6 +289,15 @@ TEST_F(KpaChartFolderTest, ReadsARelativeFormUnderItsRoot)
     parameter.unserialize({});
     EXPECT_TRUE(parameter.getValue().isNull());
     EXPECT_TRUE(parameter.serialize().isEmpty());
+}
+
+TEST_F(KpaChartFolderTest, ReadsTheChartFileOfARelativeFormWhereThereIsNoRoot)
+{
+    parameter.setRelative(true);
+    parameter.unserialize({{"name", "Report"}, {"folder", "Maps"}});
+    EXPECT_EQ(parameter.getValue(), ident("Maps"));
+    parameter.unserialize({{"folder", "Histograms"}});
+    EXPECT_TRUE(parameter.getValue().isNull());
 }
 
 TEST_F(KpaChartFolderTest, ReadsAFormWithTheChartFile)
@@ -499,6 +523,75 @@ TEST_F(KpaChartViewTest, UsesACustomTableAndFollowsItsViews)
     table.renameView("Custom", "Own", "Mine");
     EXPECT_EQ(flagsOf([&] { parameter.setCustomTable(table); }), Flags({value | config}));
     EXPECT_EQ(parameter.getViewReference(), "Report/Custom/Mine");
+}
+
+TEST_F(KpaChartViewTest, FollowsAViewOfACustomTableThatWasNamedWithoutIt)
+{
+    KsoChartsInfo table = customTable();
+    parameter.setRootIdent(ident());
+    parameter.useCustomTable(true);
+    parameter.setCustomTable(table);
+    parameter.unserialize({{"name", "Report"}, {"folder", "Custom"}, {"view", "Own"}});
+    EXPECT_EQ(parameter.getViewReference(), "Report/Custom/Own");
+    table.renameView("Custom", "Own", "Mine");
+    parameter.setCustomTable(table);
+    EXPECT_EQ(parameter.getViewReference(), "Report/Custom/Mine");
+}
+
+TEST_F(KpaChartViewTest, FollowsItsViewFromTheChartFileIntoACustomTable)
+{
+    KsoChartsInfo table;
+    table.addFolder("Maps");
+    table.addView("Maps", "Au");
+    parameter.setRootIdent(ident());
+    parameter.setValue(ident("Maps", "Au"));
+    parameter.setCustomTable(table);
+    EXPECT_EQ(flagsOf([&] { parameter.useCustomTable(true); }), Flags({config}));
+    table.renameView("Maps", "Au", "Gold");
+    EXPECT_EQ(flagsOf([&] { parameter.setCustomTable(table); }), Flags({value | config}));
+    EXPECT_EQ(parameter.getViewReference(), "Report/Maps/Gold");
+    EXPECT_EQ(flagsOf([&] { model->renameView(report, "Maps", "Au", "Ag"); }), Flags());
+    EXPECT_EQ(parameter.getViewReference(), "Report/Maps/Gold");
+}
+
+TEST_F(KpaChartViewTest, StaysAutomaticWhenItsViewIsRenamedInACustomTable)
+{
+    KsoChartsInfo table = customTable();
+    parameter.setRootIdent(ident());
+    parameter.useCustomTable(true);
+    parameter.setCustomTable(table);
+    parameter.activateAutoValue(parameter.getIdentifiers().first());
+    table.renameView("Custom", "Own", "Mine");
+    parameter.setCustomTable(table);
+    EXPECT_TRUE(parameter.isAutomatic());
+    EXPECT_TRUE(parameter.isAutomaticValueInitialized());
+    EXPECT_EQ(parameter.getAutoValue(), ident("Custom", "Mine"));
+    EXPECT_EQ(parameter.getValue(), ident("Custom", "Mine"));
+}
+
+TEST_F(KpaChartViewTest, FollowsAViewOfACustomTableBelowAnotherRoot)
+{
+    KsoChartsInfo table = customTable();
+    parameter.setRootIdent(ident());
+    parameter.useCustomTable(true);
+    parameter.setCustomTable(table);
+    parameter.setValue(parameter.getIdentifiers().first());
+    EXPECT_EQ(flagsOf([&] { parameter.setRootIdent(otherIdent()); }), Flags({value | config}));
+    EXPECT_EQ(parameter.getViewReference(), "Other/Custom/Own");
+    table.renameView("Custom", "Own", "Mine");
+    parameter.setCustomTable(table);
+    EXPECT_EQ(parameter.getViewReference(), "Other/Custom/Mine");
+}
+
+TEST_F(KpaChartViewTest, FollowsTheChartFileOfACustomTable)
+{
+    parameter.setRootIdent(ident());
+    parameter.useCustomTable(true);
+    parameter.setCustomTable(customTable());
+    parameter.setValue(parameter.getIdentifiers().first());
+    EXPECT_EQ(flagsOf([&] { model->rename(report, "Final"); }), Flags({value | config}));
+    EXPECT_EQ(list(), QStringList({"Final/Custom/Own"}));
+    EXPECT_EQ(parameter.getViewReference(), "Final/Custom/Own");
 }
 
 TEST_F(KpaChartViewTest, MistakesNoViewOfACustomTableForAnotherOne)

@@ -277,6 +277,41 @@ TYPED_TEST(Items, FollowsAnItemThatIsRenamed)
     EXPECT_EQ(this->parameter->toString(), "Z");
 }
 
+TYPED_TEST(Items, FollowsAnItemThatWasMadeUnderItsName)
+{
+    this->parameter->setFilter(this->output());
+    this->parameter->setValue(this->named("C"));
+    this->create("C");
+    EXPECT_EQ(this->flagsOf([&] { this->model->rename(this->model->findItem("C"), "Z"); }), Flags({value | config}));
+    EXPECT_EQ(this->parameter->getValue(), this->named("Z"));
+}
+
+TYPED_TEST(Items, FollowsAnItemThatCameInPlaceOfItsOwn)
+{
+    this->parameter->setValue(this->named("A"));
+    {
+        KuoLock<typename TestFixture::Modif> lock(this->model);
+        this->model->remove(this->model->findItem("A"));
+        this->create("A");
+        lock.commit();
+    }
+    EXPECT_EQ(this->parameter->getValue(), this->named("A"));
+    this->model->rename(this->model->findItem("A"), "Z");
+    EXPECT_EQ(this->parameter->getValue(), this->named("Z"));
+}
+
+TYPED_TEST(Items, FollowsItsOwnItemWhenAnotherOneTakesTheName)
+{
+    this->parameter->setValue(this->named("A"));
+    {
+        KuoLock<typename TestFixture::Modif> lock(this->model);
+        this->model->rename(this->model->findItem("A"), "Z");
+        this->model->rename(this->model->findItem("B"), "A");
+        lock.commit();
+    }
+    EXPECT_EQ(this->parameter->getValue(), this->named("Z"));
+}
+
 TYPED_TEST(Items, StaysAutomaticWhenItsItemIsRenamed)
 {
     this->parameter->activateAutoValue(this->named("A"));
@@ -319,6 +354,17 @@ TYPED_TEST(Items, LosesItsListAndItsValueWithTheProject)
     EXPECT_TRUE(this->parameter->getIdentifiers().isEmpty());
     EXPECT_EQ(this->parameter->getModel(), nullptr);
     EXPECT_EQ(this->parameter->getProject(), nullptr);
+}
+
+TYPED_TEST(Items, KeepsItsNameWithoutTheProjectWhereNewItemsAreAccepted)
+{
+    this->parameter->setFilter(this->output());
+    this->parameter->setValue(this->named("A"));
+    EXPECT_EQ(this->flagsOf([&] { this->context.project.reset(); }), Flags({config}));
+    EXPECT_EQ(this->parameter->getValue().getName(), "A");
+    EXPECT_FALSE(this->parameter->getValue().exists());
+    EXPECT_TRUE(this->parameter->getIdentifiers().isEmpty());
+    EXPECT_EQ(this->parameter->serialize(), Map({{"name", "A"}}));
 }
 
 TYPED_TEST(Items, HasNoListWithoutAProject)

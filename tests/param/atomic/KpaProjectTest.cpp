@@ -85,6 +85,18 @@ TEST(KpaProject, ReadsTheUrlAndKeepsThePreviousOneWithoutAValue)
     EXPECT_TRUE(parameter.getValue().isEmpty());
 }
 
+TEST(KpaProject, KeepsThroughItsStoredFormWhatUrlsEscape)
+{
+    for (const char* path : {"/a/100% #1?.ksp", "/a/50%20off&more=1.ksp", "/a/\u00e9 + \u65e5.ksp", "/a/%25%.ksp"}) {
+        KpaProject parameter("KEY");
+        parameter.setValue(QUrl::fromLocalFile(path));
+        KpaProject loaded("KEY");
+        loaded.unserialize(parameter.serialize());
+        EXPECT_EQ(loaded.getValue(), QUrl::fromLocalFile(path)) << path;
+        EXPECT_EQ(loaded.getValue().toLocalFile(), path);
+    }
+}
+
 TEST(KpaProject, ReadsGarbageAsNoProject)
 {
     KpaProject parameter("KEY");

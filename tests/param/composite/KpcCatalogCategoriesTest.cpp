@@ -75,17 +75,15 @@ struct Table
         const KpbAParameter& list = *of.getChild("CATEGORIES");
         for (int i = 0; i < list.getChildCount(); ++i) {
             const KpbAParameter& row = *list.getChild(i);
-            rows.append({operation(row).getItemKey(), text(row, "NAME").getValue(),
-                         text(row, "OPERATION_VALUE").getValue()});
+            rows.append(
+                {operation(row).getItemKey(), text(row, "NAME").getValue(), text(row, "OPERATION_VALUE").getValue()});
         }
         return rows;
     }
 
-    std::unique_ptr<KpcCatalogCategories> table =
-        std::make_unique<KpcCatalogCategories>("T", TestContext::instance());
+    std::unique_ptr<KpcCatalogCategories> table = std::make_unique<KpcCatalogCategories>("T", TestContext::instance());
     KpaColor* undefColor = dynamic_cast<KpaColor*>(table->getChild("UNDEF_COLOR"));
-    KpcList<KpcCatalogCategory>* categories =
-        dynamic_cast<KpcList<KpcCatalogCategory>*>(table->getChild("CATEGORIES"));
+    KpcList<KpcCatalogCategory>* categories = dynamic_cast<KpcList<KpcCatalogCategory>*>(table->getChild("CATEGORIES"));
 };
 
 } // namespace
@@ -143,6 +141,28 @@ TEST(KpcCatalogCategories, AddsACategoryInOneRecordOfTheList)
     RecordingObserver observer(*t.categories);
     t.table->addNewCategory("Ore");
     EXPECT_EQ(observer.records.size(), 1);
+}
+
+TEST(KpcCatalogCategories, MakesRenamesConsistentWhenACategoryIsAdded)
+{
+    const Table t({{"EDIT", "Y", "Z"}, {"EDIT", "X", "X"}});
+    {
+        const KuoLockObserver<KpnModif> deaf(t.table.get(), t.categories);
+        t.newName(1).setValue("Y");
+    }
+    const std::unique_ptr<KpcCatalogCategories> copy(t.table->duplicate("COPY"));
+    copy->addNewCategory("Ore");
+    EXPECT_EQ(Table::rowsOf(*copy), Rows({{"EDIT", "Y", "Z"}, {"EDIT", "X", "Z"}, {"ADD", "", "Ore"}}));
+}
+
+TEST(KpcCatalogCategories, MakesRenamesConsistentAfterABatchInWhichACategoryIsAdded)
+{
+    const Table t({{"EDIT", "X", "Y"}, {"EDIT", "Y", "Z"}});
+    KuoLock<KpnModif> lock(t.categories);
+    t.categories->moveItem(1, 0);
+    t.table->addNewCategory("Ore");
+    lock.commit();
+    EXPECT_EQ(t.rows(), Rows({{"EDIT", "Y", "Z"}, {"EDIT", "X", "Z"}, {"ADD", "", "Ore"}}));
 }
 
 TEST(KpcCatalogCategories, GivesNoCategoryThatDidNotSurviveItsArrival)
@@ -262,6 +282,18 @@ TEST(KpcCatalogCategories, DescribesACatalogToBeMadeFromNothing)
     EXPECT_EQ(t.rows(), Rows({{"ADD", "", "C"}, {"ADD", "", "D"}, {"ADD", "", "F"}}));
     EXPECT_EQ(t.undefColor->getValue(), QColor(Qt::red));
     EXPECT_EQ(observer.records.size(), 1);
+    EXPECT_EQ(t.categories->getItemKeys(), QStringList({"ITEM_2", "ITEM_3", "ITEM_5"}));
+    EXPECT_EQ(t.categories->getItemAt(1)->getLabel(), "Category #2");
+    EXPECT_EQ(t.table->addNewCategory("H")->getKey(), "ITEM_7");
+}
+
+TEST(KpcCatalogCategories, DescribesAlsoWhatHasNoRowsToRemove)
+{
+    const Table t({{"ADD", "", "A"}});
+    RecordingObserver observer(*t.table);
+    t.table->resetCategoriesFromCatalog(nullptr);
+    EXPECT_EQ(t.rows(), Rows({{"ADD", "", "A"}}));
+    EXPECT_TRUE(observer.records.isEmpty());
 }
 
 TEST(KpcCatalogCategories, TellsWhatIsWrongWithTheNames)
@@ -430,6 +462,23 @@ TEST(KpcCatalogCategories, ComesToTheSameAsAWalkOverAllRowsWhateverIsChanged)
                 Table::text(category, "NAME").setValue(name);
                 expected.append(QStringList{"EDIT", name, name});
             }
+            else if (random.bounded(12) == 0) {
+                const int to = random.bounded(expected.size());
+                t.categories->moveItem(rank, to);
+                expected.move(rank, to);
+            }
+            else if (random.bounded(12) == 0) {
+                t.categories->removeItemAt(rank);
+                expected.removeAt(rank);
+            }
+            else if (random.bounded(12) == 0) {
+                t.table->addNewCategory(name);
+                expected.append(QStringList{"ADD", "", name});
+            }
+            else if (random.bounded(8) == 0) {
+                Table::text(*t.categories->getItemAt(rank), "NAME").setValue(name);
+                expected[rank][1] = name;
+            }
             else if (random.bounded(8) == 0) {
                 const QString operation = QStringList{"ADD", "EDIT", "REMOVE"}[random.bounded(3)];
                 Table::operation(*t.categories->getItemAt(rank)).setItemFromKey(operation);
@@ -457,6 +506,38 @@ TEST(KpcCatalogCategories, ReadsALargeTableInLittleTime)
     const Table t;
     SerializerTest::read(*t.table, form + "</param></param>");
     EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "20000", "20001"}));
+}
+
+TEST(KpcCatalogCategories, ReadsALargeTableOverAnotherInLittleTime)
+{
+    const auto form = [](const QString& names) {
+        QString text = R"(<param key="T"><param key="CATEGORIES">)";
+        for (int i = 0; i < 8000; ++i) {
+            text += QString(R"(<param key="ITEM_%2"><param key="OPERATION">EDIT</param><param key="NAME">%1%2</param>)"
+                            R"(<param key="OPERATION_VALUE">%1%3</param></param>)")
+                        .arg(names)
+                        .arg(i + 1)
+                        .arg(i + 2);
+        }
+        return text + "</param></param>";
+    };
+    const Table t;
+    SerializerTest::read(*t.table, form("Rock "));
+    SerializerTest::read(*t.table, form("Soil "));
+    EXPECT_EQ(t.rows().first(), QStringList({"EDIT", "Soil 1", "Soil 2"}));
+    EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "Soil 8000", "Soil 8001"}));
+}
+
+TEST(KpcCatalogCategories, AddsAndDropsManyCategoriesInLittleTime)
+{
+    const Table t;
+    for (int i = 0; i < 20000; ++i)
+        t.table->addNewCategory(QString::number(i));
+    for (int i = 0; i < 20000; i += 2)
+        Table::operation(*t.categories->getItemAt(i)).setEnum(Operation::REMOVE);
+    t.table->resetCategoriesFromCatalog(nullptr);
+    EXPECT_EQ(t.categories->getItemCount(), 10000);
+    EXPECT_EQ(t.rows().last(), QStringList({"ADD", "", "19999"}));
 }
 
 TEST(KpcCatalogCategories, DescribesALargeCatalogInLittleTime)

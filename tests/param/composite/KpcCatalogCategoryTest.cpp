@@ -21,8 +21,7 @@ struct Row
         value->setValue(newName);
     }
 
-    std::unique_ptr<KpcCatalogCategory> category =
-        std::make_unique<KpcCatalogCategory>("ROW", TestContext::instance());
+    std::unique_ptr<KpcCatalogCategory> category = std::make_unique<KpcCatalogCategory>("ROW", TestContext::instance());
     KpaEnum* operation = dynamic_cast<KpaEnum*>(category->getChild("OPERATION"));
     KpaString* name = dynamic_cast<KpaString*>(category->getChild("NAME"));
     KpaColor* color = dynamic_cast<KpaColor*>(category->getChild("COLOR"));

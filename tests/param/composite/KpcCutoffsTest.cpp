@@ -157,6 +157,17 @@ TEST(KpcCutoffs, LeavesOutWhatOfAListOfTheRegistryIsOutOfBounds)
     EXPECT_EQ(grades.get(), Values({0, 1, 2, 3, 4}));
 }
 
+TEST(KpcCutoffs, ComparesTheListOfTheRegistryWithBoundsInItsReferenceUnit)
+{
+    const Registered depths("Depths", MbuEUnitClass::LENGTH, {999, 1000, 1500, 2000, 2001});
+    const Cut c;
+    c.cutoffs->setUnitClass(MbuEUnitClass::LENGTH);
+    c.cutoffs->setRange(1, 2, MbuUnitService::getUnit("km"));
+    c.cutoffs->setListType(depths.type);
+    c.cutoffs->setIdent("Depths");
+    EXPECT_EQ(c.cutoffs->getValues(), Values({1000, 1500, 2000}));
+}
+
 TEST(KpcCutoffs, FallsBackOnWhatWasTypedInWhereTheRegistryHasNoSuchList)
 {
     const Cut c({1, 2});
@@ -278,6 +289,48 @@ TEST(KpcCutoffs, IsOneParameterInTheTree)
     EXPECT_EQ(observer.records.first().getModifs().firstKey().toString(), "G/C");
 }
 
+TEST(KpcCutoffs, TellsOfWhatConcernsItsPartsAsOfItself)
+{
+    const Cut c({1, 2});
+    const std::pair<std::function<void()>, int> changes[] = {
+        {[&] { c.list->setLabel("Limits"); }, Kp::NotifyConfig},
+        {[&] { c.ident->setLabel("Name"); }, Kp::NotifyConfig},
+        {[&] { c.list->getItemAt(1)->setLabel("Last"); }, Kp::NotifyConfig},
+        {[&] { c.cutoffs->setMinimum(-5); }, Kp::NotifyConfig},
+        {[&] { c.cutoffs->setEnabled(false); }, Kp::NotifyConfig},
+        {[&] { c.cutoffs->setMinimum(2); }, listChanged | Kp::NotifyConfig},
+    };
+    for (const auto& [change, flags] : changes) {
+        RecordingObserver observer(*c.cutoffs);
+        change();
+        ASSERT_EQ(observer.records.size(), 1);
+        EXPECT_EQ(observer.flags(), flags);
+        EXPECT_EQ(observer.flagsOf(*c.cutoffs), flags);
+    }
+}
+
+TEST(KpcCutoffs, TellsOfABatchInOneRecord)
+{
+    const Cut c({1, 2});
+    RecordingObserver observer(*c.cutoffs);
+    KuoLock<KpnModif> lock(c.cutoffs.get());
+    c.cutoffs->setIdent("Grades");
+    c.list->setValueAt(0, 3);
+    EXPECT_TRUE(observer.records.isEmpty());
+    c.cutoffs->setValues({4});
+    lock.commit();
+    EXPECT_EQ(observer.allFlags(), QList<int>({listChanged}));
+}
+
+TEST(KpcCutoffs, GivesTheNameUpBeforeItTakesTheValues)
+{
+    const Cut c;
+    c.cutoffs->setIdent("Grades");
+    RecordingObserver observer(*c.cutoffs);
+    c.cutoffs->setValues({1, 2});
+    EXPECT_EQ(observer.allFlags(), QList<int>({Kp::NotifyValue, listChanged}));
+}
+
 TEST(KpcCutoffs, IsSerializedAsOneText)
 {
     const std::pair<Values, QString> rows[] = {
@@ -309,11 +362,7 @@ TEST(KpcCutoffs, IsStoredWithoutItsChildren)
 TEST(KpcCutoffs, ReadsItsText)
 {
     const std::pair<QString, Values> rows[] = {
-        {"1,2.5,-3", {1, 2.5, -3}},
-        {"1,2,1", {1, 2}},
-        {"7", {7}},
-        {" 1 , 2 ", {1, 2}},
-        {"1e3", {1000}},
+        {"1,2.5,-3", {1, 2.5, -3}}, {"1,2,1", {1, 2}}, {"7", {7}}, {" 1 , 2 ", {1, 2}}, {"1e3", {1000}},
     };
     for (const auto& [text, values] : rows) {
         const Cut c({9});
@@ -482,6 +531,54 @@ TEST(KpcCutoffs, TellsOfAutomaticValuesInOneRecord)
     EXPECT_EQ(observer.flags(2), listChanged | Kp::NotifyConfig);
 }
 
+TEST(KpcCutoffs, DoesNothingWithAutomaticValuesThatItHas)
+{
+    const Cut c;
+    RecordingObserver observer(*c.cutoffs);
+    c.cutoffs->setAutoValues({});
+    EXPECT_FALSE(c.cutoffs->isAutomaticValueInitialized());
+    EXPECT_TRUE(observer.records.isEmpty());
+}
+
+TEST(KpcCutoffs, KeepsAutomaticValuesAdmissible)
+{
+    const Cut c;
+    c.cutoffs->setMaximum(2);
+    c.cutoffs->setAutomatic(true);
+    c.cutoffs->setAutoValues({1, 1, 3, 2});
+    EXPECT_EQ(c.cutoffs->getAutoValues(), Values({1, 2}));
+    EXPECT_EQ(c.cutoffs->getValues(), Values({1, 2}));
+    EXPECT_TRUE(c.cutoffs->isAutomatic());
+}
+
+TEST(KpcCutoffs, StaysAutomaticWhileItsListTakesItsOwnAutomaticValues)
+{
+    const Cut c;
+    c.cutoffs->setAutoValues({1, 2});
+    c.cutoffs->setAutomatic(true);
+    c.list->setAutomatic(true);
+    c.cutoffs->setAutoValues({3});
+    EXPECT_TRUE(c.list->isAutomatic());
+    EXPECT_TRUE(c.cutoffs->isAutomatic());
+    EXPECT_EQ(c.cutoffs->getValues(), Values({3}));
+    c.list->setValueAt(0, 4);
+    EXPECT_FALSE(c.list->isAutomatic());
+    EXPECT_FALSE(c.cutoffs->isAutomatic());
+}
+
+TEST(KpcCutoffs, TakesItsAutomaticValuesWhereTheStoredOnesWereAutomatic)
+{
+    for (const bool automatic : {true, false}) {
+        const Cut c;
+        c.cutoffs->setAutoValues({3});
+        SerializerTest::read(*c.cutoffs,
+                             QString(R"(<param key="C" version="2" automatic="%1"><value>1,2</value></param>)")
+                                 .arg(automatic ? "yes" : "no"));
+        EXPECT_EQ(c.cutoffs->isAutomatic(), automatic);
+        EXPECT_EQ(c.cutoffs->getValues(), automatic ? Values({3}) : Values({1, 2}));
+    }
+}
+
 TEST(KpcCutoffs, GivesTheNameUpForAutomaticValues)
 {
     const Cut c;
@@ -576,10 +673,39 @@ TEST(KpcCutoffs, CopiesItsStateAndReactsOnItsOwn)
 TEST(KpcCutoffs, ReadsTheItemsOfVersion1)
 {
     const Cut c({9});
-    SerializerTest::read(*c.cutoffs, R"(<param key="C"><param key="ITEM_1">0.5</param><param key="ITEM_4">1e-20</param>)"
-                                     R"(<param key="ITEM_2">3</param></param>)");
+    SerializerTest::read(*c.cutoffs,
+                         R"(<param key="C"><param key="ITEM_1">0.5</param><param key="ITEM_4">1e-20</param>)"
+                         R"(<param key="ITEM_2">3</param></param>)");
     EXPECT_EQ(c.cutoffs->getValues(), Values({0.5, 1e-20, 3}));
     EXPECT_EQ(c.cutoffs->serialize(), formOf({{"value", "0.5,1e-20,3"}}));
+}
+
+TEST(KpcCutoffs, ReadsTheListOfVersion1WhereItIsAChild)
+{
+    const Cut c({9});
+    SerializerTest::read(*c.cutoffs, R"(<param key="C" version="1"><param key="LIST"><param key="ITEM_1">0.5</param>)"
+                                     R"(<param key="ITEM_2">3</param></param></param>)");
+    EXPECT_EQ(c.cutoffs->getValues(), Values({0.5, 3}));
+}
+
+TEST(KpcCutoffs, ReadsADamagedFormOfVersion1AsFarAsItCanBe)
+{
+    const std::pair<QString, QString> rows[] = {
+        {"", ""},
+        {"text", ""},
+        {"<value>5</value>", ""},
+        {R"(<param key="ITEM_1">x</param><param>2</param><other/><param key="ITEM_1">3</param>)", "0,2,3"},
+        {R"(<param key="ITEM_1" version="7">4</param><param key="ITEM_2">5</param>)", "0,5"},
+        {R"(<param key="LIST"/>)", ""},
+    };
+    for (const auto& [content, text] : rows) {
+        const RecordedMessages messages;
+        const QDomDocument document = SerializerTest::parsed(R"(<param key="C">)" + content + "</param>");
+        QDomElement element = document.documentElement();
+        Cut().cutoffs->convert(element, 1);
+        EXPECT_EQ(element.firstChildElement("value").text(), text) << content.toStdString();
+        EXPECT_EQ(element.childNodes().count(), 1);
+    }
 }
 
 TEST(KpcCutoffs, ConvertsTheItemsOfVersion1IntoOneText)
@@ -640,8 +766,12 @@ TEST(KpcCutoffs, SurvivesThatItIsDestroyedByAnObserver)
         [](Cut& c) { c.cutoffs->unsetAutoValues(); },
         [](Cut& c) { c.cutoffs->resetToAutomaticValue(); },
         [](Cut& c) { c.cutoffs->setUnitClass(MbuEUnitClass::LENGTH); },
-        [](Cut& c) { c.cutoffs->unserialize(formOf({{"value", "7"}})); },
-        [](Cut& c) { c.cutoffs->unserialize(formOf({{"name", "No such list"}})); },
+        [](Cut& c) {
+            c.cutoffs->unserialize(formOf({{"value", "7"}}));
+        },
+        [](Cut& c) {
+            c.cutoffs->unserialize(formOf({{"name", "No such list"}}));
+        },
     };
     for (const auto& change : changes) {
         for (const char* key : {"LIST", "IDENTIFIER", ""}) {

@@ -305,6 +305,25 @@ TEST(KpcDataset, GivesNoSelectionThatDidNotSurviveItsArrival)
     EXPECT_EQ(set.dataset.createSelectionParameter(), nullptr);
 }
 
+TEST(KpcDataset, MayBeDestroyedByAnObserverThatTakesTheNewSelectionOut)
+{
+    DataProject data;
+    auto* set = new OpenDataset("DATASET", data);
+    set->setRootIdent(data.file("north", "holes"));
+    std::unique_ptr<KpbAParameter> taken;
+    ActingObserver observer(*set, [&] {
+        if (!childKeys(*set).contains("SELECTION"))
+            return;
+        taken.reset(set->takeChild("SELECTION"));
+        delete std::exchange(set, nullptr);
+    });
+    const KpcSelection* selection = set->createSelectionParameter();
+    EXPECT_EQ(set, nullptr);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(selection, taken.get());
+    EXPECT_EQ(selection->getParent(), nullptr);
+}
+
 TEST(KpcDataset, TakesNoOtherChildForTheSelection)
 {
     Dataset set;

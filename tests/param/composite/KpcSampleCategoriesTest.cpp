@@ -230,6 +230,17 @@ TEST(KpcSampleCategories, RemovesRulesAndTellsItsConfiguration)
     EXPECT_EQ(observer.flagsOf(categories.param, 1), Kp::NotifyConfig);
 }
 
+TEST(KpcSampleCategories, TellsItsConfigurationThoughThereIsNoRuleToRemove)
+{
+    Categories categories;
+    const RecordingObserver observer(categories.param);
+    categories.param.removeRule(0);
+    categories.param.removeLastRule();
+    ASSERT_EQ(observer.records.size(), 2);
+    EXPECT_EQ(observer.flagsOf(categories.param, 0), Kp::NotifyConfig);
+    EXPECT_EQ(observer.flagsOf(categories.param, 1), Kp::NotifyConfig);
+}
+
 TEST(KpcSampleCategories, MovesRules)
 {
     Categories categories;
@@ -289,6 +300,45 @@ TEST(KpcSampleCategories, NormalisesWhatAnObserverSetsMeanwhile)
     const ActingObserver observer(*categories.cond(0), [&] { categories.cond(1)->setValue("aux2"); });
     categories.cond(0)->setValue("aux1");
     EXPECT_EQ(categories.param.getRuleConds(), QStringList({"AUX1", "AUX2"}));
+}
+
+TEST(KpcSampleCategories, NormalisesWhatAnObserverMakesOfTheConditionThatWasNormalised)
+{
+    Categories categories;
+    categories.addRule("rule");
+    const ActingObserver observer(*categories.cond(0), [&] {
+        if (categories.param.getRuleCond(0) == "AUX1")
+            categories.cond(0)->setValue("aux2");
+    });
+    categories.cond(0)->setValue("aux1");
+    EXPECT_EQ(categories.param.getRuleCond(0), "AUX2");
+}
+
+TEST(KpcSampleCategories, NormalisesInTheOrderOfTheRules)
+{
+    for (const bool isReversed : {false, true}) {
+        Categories categories;
+        for (int i = 0; i < 3; ++i)
+            categories.addRule("rule");
+        if (isReversed) {
+            categories.param.getRulesListParameter()->moveItem(0, 2);
+            categories.param.getRulesListParameter()->moveItem(0, 1);
+        }
+        QStringList order;
+        std::vector<std::unique_ptr<ActingObserver>> observers;
+        {
+            KuoLock<KpnModif> lock(categories.param.getRulesListParameter());
+            for (int i = 0; i < 3; ++i)
+                categories.cond(i)->setValue("aux1");
+            for (int i = 0; i < 3; ++i) {
+                observers.push_back(std::make_unique<ActingObserver>(
+                    *categories.cond(i), [&order, i] { order.append(QString::number(i)); }));
+            }
+            lock.commit();
+        }
+        EXPECT_EQ(order, QStringList({"0", "1", "2"})) << isReversed;
+        EXPECT_EQ(categories.param.getRuleConds(), QStringList({"AUX1", "AUX1", "AUX1"}));
+    }
 }
 
 TEST(KpcSampleCategories, SettingALabelLeavesTheConditions)
@@ -473,11 +523,26 @@ TEST(KpcSampleCategories, OffersItsVariablesAsFlagsThatAreAllOn)
 TEST(KpcSampleCategories, OffersOneFlagForVariablesOfTheSameNumber)
 {
     Categories categories;
-    for (const char* name : {"Au", "Gone", "Au", "Lost"})
+    for (const char* name : {"Au", "Cu", "Au", "No"})
         categories.addVariable(QString::fromLatin1(name));
+    EXPECT_EQ(categories.param.getFlags()->getFlagKeys(), QStringList({"Au", "Cu", "No"}));
+    for (const char* name : {"Cu", "No"})
+        categories.project.model->remove(categories.project.item(QString::fromLatin1(name)));
     EXPECT_EQ(categories.param.getVariablesCount(), 4);
-    EXPECT_EQ(categories.param.getFlags()->getFlagKeys(), QStringList({"Au", "Lost"}));
+    EXPECT_EQ(categories.param.getVariable(1).getName(), "Cu");
+    EXPECT_EQ(categories.param.getFlags()->getFlagKeys(), QStringList({"Au", "No"}));
     EXPECT_EQ(categories.param.getFlags()->getFlagValues(), QList<int>({categories.project.item("Au")->getId(), -1}));
+}
+
+TEST(KpcSampleCategories, SkipsVariablesThatHaveGone)
+{
+    Categories categories;
+    categories.addVariable("Cu");
+    categories.addVariable("Au");
+    categories.addRule("good", "AUX2 > 0");
+    categories.project.model->remove(categories.project.item("Cu"));
+    EXPECT_EQ(categories.messages(true), QStringList());
+    EXPECT_EQ(categories.param.getReadableRules(), QStringList({"good : Au > 0"}));
 }
 
 TEST(KpcSampleCategories, TellsOfNewFlagsInOneRecord)

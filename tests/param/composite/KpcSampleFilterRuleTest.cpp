@@ -475,6 +475,16 @@ TEST_F(KpcSampleFilterRuleTest, ReadsAVariableAgainWhoseValuesChange)
     EXPECT_EQ(rule.getNumIntervalUpperParameter()->getValue(), 50.0);
 }
 
+TEST_F(KpcSampleFilterRuleTest, ReadsTheVariableBelowANewRoot)
+{
+    choose("Au");
+    rule.setRootIdent(samples.cores->getIdentifier(), false);
+    expectAutomatic(*rule.getNumCompareValueParameter(), 7.5);
+    expectAutomatic(*rule.getNumCompareToleranceParameter(), 0.5);
+    expectAutomatic(*rule.getNumIntervalLowerParameter(), 7.0);
+    expectAutomatic(*rule.getNumIntervalUpperParameter(), 8.0);
+}
+
 TEST_F(KpcSampleFilterRuleTest, KeepsItsNumbersForAVariableWithoutADefinedValue)
 {
     const double none = MbbGlobal::D_FFFF;
@@ -605,6 +615,16 @@ TEST_F(KpcSampleFilterRuleTest, DragsAnUpperBoundSetByHandAlongWithTheAutomaticL
     EXPECT_EQ(rule.getNumIntervalLowerParameter()->getValue(), 10.0);
     EXPECT_EQ(rule.getNumIntervalUpperParameter()->getValue(), 10.0);
     EXPECT_TRUE(observer.flagsOf(*rule.getNumIntervalUpperParameter()) & int(Kp::NotifyValue));
+}
+
+TEST_F(KpcSampleFilterRuleTest, TakesOverARangeWithItsBoundsTheWrongWayRound)
+{
+    const auto filter = QSharedPointer<Numeric>::create();
+    filter->setMode(Numeric::Mode::RANGE);
+    filter->setIntervalValues(5.0, 3.0);
+    rule.setBasicFilter(filter);
+    EXPECT_EQ(rule.getNumIntervalLowerParameter()->getValue(), 3.0);
+    EXPECT_EQ(rule.getNumIntervalUpperParameter()->getValue(), 3.0);
 }
 
 TEST_F(KpcSampleFilterRuleTest, SaysWhatItKeeps)

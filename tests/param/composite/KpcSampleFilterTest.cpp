@@ -157,6 +157,31 @@ TEST_F(KpcSampleFilterTest, LeavesACombinationAloneThatWasMadeByHand)
     EXPECT_EQ(filter.getCombination(), "R1 or R2");
 }
 
+TEST_F(KpcSampleFilterTest, LeavesTheNumbersOfRemovedRulesInACombinationThatWasMadeByHand)
+{
+    addRule("Au");
+    addRule("Ore");
+    setCombination("not R1");
+    filter.removeRule(0);
+    EXPECT_EQ(filter.getCombination(), "not R1");
+    EXPECT_EQ(filter.getRuleParameter(0)->getVariableParameter()->getValue(), samples.variable("Ore"));
+    EXPECT_EQ(filter.testSampleFilter(), QStringList());
+    addRule("Au");
+    setCombination("R2");
+    filter.removeLastRule();
+    EXPECT_EQ(filter.getCombination(), "R2");
+    EXPECT_EQ(filter.testSampleFilter(), QStringList({"Invalid filter combination"}));
+}
+
+TEST_F(KpcSampleFilterTest, HasAnEmptyAutomaticCombinationAgainOnceTheLastRuleIsGone)
+{
+    filter.addRule();
+    filter.removeLastRule();
+    EXPECT_EQ(filter.getCombination(), "");
+    EXPECT_EQ(filter.getDefaultCombination(), "");
+    EXPECT_TRUE(filter.getCombinationParameter()->isAutomatic());
+}
+
 TEST_F(KpcSampleFilterTest, RemovesRules)
 {
     filter.addRule();
@@ -225,6 +250,17 @@ TEST_F(KpcSampleFilterTest, SetsTheRootOfAllRulesThePrototypeFirst)
     EXPECT_EQ(told, QStringList({"prototype", "first", "second"}));
     for (const KpaData* variable : variables())
         EXPECT_EQ(variable->getRootIdent(), samples.cores->getIdentifier());
+}
+
+TEST_F(KpcSampleFilterTest, TellsOfANewRootOfAllRulesInOneRecord)
+{
+    addRule("Au");
+    addRule("Au");
+    RecordingObserver observer(filter);
+    filter.setRootIdent(samples.cores->getIdentifier(), true);
+    EXPECT_EQ(observer.records.size(), 1);
+    filter.setRootType(KsoEDataType::FILE);
+    EXPECT_EQ(observer.records.size(), 2);
 }
 
 TEST_F(KpcSampleFilterTest, GivesNewRulesTheRootOfThePrototype)

@@ -293,6 +293,20 @@ TEST_F(KpcSelectionTest, BecomesUndefinedWhenItsVariableGoes)
     EXPECT_FALSE(invert->getValue());
 }
 
+TEST_F(KpcSelectionTest, DisablesItsSwitchBeforeItTurnsItOff)
+{
+    choose("ROCK");
+    invert->setValue(true);
+    QStringList states;
+    const ActingObserver observer(*invert, [&] {
+        states.append(QStringLiteral("%1 %2").arg(invert->isEnabled() ? "enabled" : "disabled",
+                                                  invert->getValue() ? "on" : "off"));
+    });
+    variable->setValue(KsoDataIdentifier());
+
+    EXPECT_EQ(states, QStringList({"disabled on", "disabled off"}));
+}
+
 // Macro variables
 
 TEST_F(KpcSelectionTest, TakesMacroVariablesOnlyWhereTheyAreAuthorized)
@@ -986,6 +1000,31 @@ TEST_F(KpcSelectionTest, CopiesItsStateAndItsAutomaticSubset)
     EXPECT_TRUE(copy->getSelection() == subset("ROCK", {4}, true));
     copy->setAutomatic(true);
     EXPECT_TRUE(copy->getSelection() == subset("MINERALISED"));
+}
+
+TEST_F(KpcSelectionTest, CountsForItselfAsACopy)
+{
+    choose("MINERALISED");
+    EXPECT_EQ(count(), 10);
+    drilled->driver->reads = 0;
+    const std::unique_ptr<KpcSelection> copy(selection->duplicate("T"));
+
+    EXPECT_EQ(copy->getSelection().getSelectedSampleCount(), 10);
+    EXPECT_EQ(drilled->driver->reads, 1);
+}
+
+TEST_F(KpcSelectionTest, LeavesTheAutomaticModeAsACopyThatWasMadeWhileItsValueWasSet)
+{
+    std::unique_ptr<KpcSelection> copy;
+    selection->setAutomatic(true);
+    const ActingObserver observer(*variable, [&] { copy.reset(selection->duplicate("T")); });
+    selection->setAutoValue(subset("MINERALISED"));
+    ASSERT_TRUE(copy);
+    EXPECT_TRUE(copy->isAutomatic());
+    child<KpaBool>(*copy, "INVERT")->setValue(true);
+
+    EXPECT_FALSE(copy->isAutomatic());
+    EXPECT_TRUE(selection->isAutomatic());
 }
 
 TEST_F(KpcSelectionTest, FollowsTheCatalogAsACopyToo)

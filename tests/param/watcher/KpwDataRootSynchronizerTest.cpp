@@ -82,6 +82,7 @@ TEST(KpwDataRootSynchronizer, FollowsTheValueOfTheRootAndNothingElse)
     watcher.addTargetData(tree.a);
     tree.a->setRootIdent(tree.south(), false);
     tree.dataset->setRootLabel("Samples");
+    tree.data.model->remove(tree.dataset->getFile());
     EXPECT_EQ(tree.a->getRootIdent(), tree.south());
     tree.dataset->setRootIdent(tree.data.file("north", "blocks"));
     EXPECT_EQ(tree.a->getRootIdent(), tree.data.file("north", "blocks"));

@@ -191,6 +191,8 @@ TEST(MgmPythonInterpreter, TakesNoConditionAsWrongForTheNumbersInIt)
         {"isnan(float(AUX3))", true},
         {"isnan(int('x'))", true},
         {"isnan(floor(sqrt(-1)))", true},
+        {"1 / (6 % -3) < 0", true},
+        {"1 / (-6 % 3) > 0", true},
         {"round(1.7e308, -308) > 1e308", true},
         {"round(-1.7e308, -308) < -1e308", true},
         {"1e999 > 1", true},

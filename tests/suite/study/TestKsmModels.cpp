@@ -1,5 +1,6 @@
 #include "StudyTest.h"
 
+#include <study/KsbDriverItemMemory.h>
 #include <study/KsmModelData.h>
 #include <study/KsoChartsFilter.h>
 #include <study/KsoColorScaleFilter.h>
@@ -563,6 +564,81 @@ TEST(KsoChartsInfo, GivesNoIdTwiceAlsoInOtherTables)
     EXPECT_NE(a.findFolder("A")->id, b.findFolder("B")->id);
     const KsoChartsIdentifier ident(nullptr, "Report", a, "A");
     EXPECT_EQ(b.updateViewRef(ident), ident);
+}
+
+TEST(KsoChartsInfo, TakesOverTheIdsOfItsOwnNames)
+{
+    KsoChartsInfo info;
+    info.addFolder("A");
+    info.addView("A", "a");
+    const KsoChartsIdentifier ident = info.updateViewRef(KsoChartsIdentifier(nullptr, "Report", "A", "a"));
+    EXPECT_EQ(ident.getFolderId(), info.findFolder("A")->id);
+    EXPECT_EQ(ident.getViewId(), info.findView("A", "a")->id);
+    info.renameFolder("A", "B");
+    info.addFolder("A");
+    EXPECT_EQ(info.updateViewRef(ident), KsoChartsIdentifier(nullptr, "Report", "B", "a"));
+}
+
+TEST(KsmANamedModel, RefusesDamagedContents)
+{
+    struct Case
+    {
+        const char* model;
+        const char* content;
+    };
+    const std::vector<Case> cases = {
+        {"catalog", R"({"categories":7})"},
+        {"catalog", R"({"categories":[7]})"},
+        {"catalog", R"({"categories":[{"label":"Sand"}]})"},
+        {"catalog", R"({"categories":[{"value":-32768,"label":"Sand"}]})"},
+        {"catalog", R"({"categories":[{"value":1e99,"label":"Sand"}]})"},
+        {"catalog", R"({"categories":[{"value":1,"label":"Sand"},{"value":1,"label":"Clay"}]})"},
+        {"catalog", R"({"categories":[{"value":1,"label":"Sand"},{"value":2,"label":"Sand"}]})"},
+        {"catalog", R"({"undefColor":"#12345"})"},
+        {"catalog", R"({"undefColor":"#0x12345"})"},
+        {"catalog", R"({"undefColor":"#+1234567"})"},
+        {"color scale", R"({})"},
+        {"color scale", R"({"colors":[]})"},
+        {"color scale", R"({"colors":"red"})"},
+        {"color scale", R"({"colors":["red"]})"},
+        {"color scale", R"({"colors":[7]})"},
+        {"geostatistical set", R"({"documents":{}})"},
+        {"geostatistical set", R"({"documents":["x"]})"},
+        {"geostatistical set", R"({"documents":[{"text":"x"}]})"},
+        {"geostatistical set", R"({"documents":[{"name":"A","text":7}]})"},
+        {"geostatistical set", R"({"documents":[{"name":"A"},{"name":"A"}]})"},
+        {"neighborhood", R"({"support":"x"})"},
+        {"neighborhood", R"({"support":{"path":7}})"},
+        {"neighborhood", R"({"largeCutoffVariables":{}})"},
+        {"neighborhood", R"({"smallCutoffVariables":[7]})"},
+        {"scene", R"({"type":"NOTHING"})"},
+        {"scene", R"({"background":7})"},
+        {"charts", R"({"folders":7})"},
+        {"charts", R"({"folders":[7]})"},
+        {"charts", R"({"folders":[{"name":"A"}]})"},
+        {"charts", R"({"folders":[{"id":"{c8b3c6b0-0000-4000-8000-000000000001}","name":"A","views":7}]})"},
+        {"charts", R"({"folders":[{"id":"{c8b3c6b0-0000-4000-8000-000000000001}","name":"a/b"}]})"},
+    };
+    for (const Case& c : cases) {
+        auto items = std::make_unique<KsbDriverItemMemory>();
+        KsbItemRecord record;
+        record.name = "Mine";
+        record.attributes = QByteArray(R"({"content":)") + c.content + '}';
+        items->insert(c.model, record);
+        const QString message = storageError([&] { const KssProject project(std::move(items)); });
+        EXPECT_TRUE(message.contains(QString("The stored item 'Mine' (%1, number 1) is damaged.").arg(c.model)))
+            << c.content << ": " << message.toStdString();
+    }
+}
+
+TEST_F(EnumCatalogModel, RefusesANumberThatIsNone)
+{
+    KssProject::create(path)->getModelEnumCatalog()->create("Rocks");
+    for (int number : {0, -1, -2}) {
+        DirectConnection(path).run(QString("UPDATE item SET id = %1 WHERE model = 'catalog'").arg(number));
+        const QString message = storageError([&] { KssProject::open(path); });
+        EXPECT_TRUE(message.contains("Its number is none.")) << message.toStdString();
+    }
 }
 
 TEST(KssUrlHelper, GivesGeostatisticalSetsAsUrlsAndBack)

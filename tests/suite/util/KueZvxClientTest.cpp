@@ -273,6 +273,12 @@ TEST_F(KueZvxClientTest, TellsThatNobodyListens)
     EXPECT_EQ(error, QStringLiteral("No connection to the ZVXserver at 127.0.0.1:%1: Connection refused").arg(port));
 }
 
+TEST_F(KueZvxClientTest, NamesAHostAsItStands)
+{
+    const QString error = errorOf(MbeError::Unknown, [&] { client.connectZvx("%2 %1", 80, {}); });
+    EXPECT_TRUE(error.startsWith("No connection to the ZVXserver at %2 %1:80: ")) << error.toStdString();
+}
+
 TEST_F(KueZvxClientTest, WaitsNoLongerThanItsTimeout)
 {
     EXPECT_EQ(client.getTimeout(), 10000);

@@ -316,3 +316,14 @@ TEST(KufSampleFilterRuleEnum, ComesBackFromItsMap)
     EXPECT_TRUE(read.accepts("Sand"));
     EXPECT_THROW(read.fromQVariantMap({{"selectedList", 5}}, 1), MbeUserError);
 }
+
+TEST(KufSampleFilterRuleEnum, TakesAListOfTextsOnly)
+{
+    KufSampleFilterRuleEnum rule;
+    rule.fromQVariantMap({{"selectedList", QVariantList({"Sand", "Clay"})}}, 1);
+    EXPECT_EQ(rule.getSelectedList(), QStringList({"Sand", "Clay"}));
+    const QVariantList wrong[] = {{"Marl", 5}, {QVariantList({"Marl"})}, {QVariant()}};
+    for (const QVariantList& labels : wrong)
+        EXPECT_THROW(rule.fromQVariantMap({{"selectedList", QVariant(labels)}}, 1), MbeUserError);
+    EXPECT_EQ(rule.getSelectedList(), QStringList({"Sand", "Clay"}));
+}
