@@ -50,12 +50,42 @@ TEST_F(KparamDemo, ShowsEachFamilyOfValuesAndLists)
         EXPECT_TRUE(out.contains(line)) << line;
 }
 
+TEST_F(KparamDemo, CountsTheSamplesOfTheDataFile)
+{
+    const QString out = run({"demo"}).out;
+    for (const char* line : {
+             "   ok  samples: 40\n",
+             "     ok  told: line 3, column 6: The line has 5 cells instead of 6.\n",
+             "   ok  samples of each; a sample belongs to the first that it fits: 5, 5, 17\n",
+             "     ok  samples of the complement: 27\n",
+             "     ok  R1 and R2: 5\n",
+             "     ok  R1 or R2: 11\n",
+             "     ok  R3 and not R1: 18\n",
+             "   ok  written again, the form is the same\n",
+         })
+        EXPECT_TRUE(out.contains(line)) << line;
+}
+
+TEST_F(KparamDemo, ShowsWhatAChangingProjectDoesToAForm)
+{
+    const QString out = run({"demo"}).out;
+    for (const char* line : {
+             "     ok  there is no such variable now\n",
+             "     ok  told of the filter: Variable 'CU' for R1 rule does not exist\n",
+             "     ok  checked: Diorite, Exoskarn\n",
+             "     ok  the name that Limestone gets: Volcanics\n",
+             "     ok  GRADE still names: CU\n",
+         })
+        EXPECT_TRUE(out.contains(line)) << line;
+}
+
 TEST_F(KparamDemo, LeavesItsStoreInTheFolderAndUsesItAgain)
 {
     EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
     EXPECT_EQ(run({"store", "a/b/demo.kestrin", "list"}).out, "Identifier  Fiche key\n"
                                                               "ESTIMATION  METHOD=NEAREST, NAME=Run 2\n"
-                                                              "MODEL       NAME=Model 1\n");
+                                                              "MODEL       NAME=Model 1\n"
+                                                              "SURVEY      NAME=Study 1\n");
     EXPECT_EQ(run({"demo", "a/b"}).lastLine(), success);
 }
 
@@ -64,7 +94,9 @@ TEST_F(KparamDemo, NamesTheStepsThatFailed)
     file("demo.kestrin", QByteArray(4096, 'x'));
     const KparamRun demo = run({"demo", "."});
     EXPECT_EQ(demo.code, 1);
-    EXPECT_EQ(demo.lastLine(), "demo: these steps failed: save, reopen, items");
+    EXPECT_EQ(demo.lastLine(),
+              "demo: these steps failed: save, reopen, items, import, survey, root, select, filter, categorise, "
+              "keep, project, removal, catalog, rocks, close");
     EXPECT_TRUE(demo.out.contains("FAILED  "));
     EXPECT_EQ(read("demo.kestrin"), QByteArray(4096, 'x'));
 }

@@ -5,21 +5,31 @@
 #include <basic/MbgRotationConventionDefault.h>
 #include <basic/MbuUnitService.h>
 #include <param/atomic/KpaBool.h>
+#include <param/atomic/KpaCatalog.h>
 #include <param/atomic/KpaCatalogDefinition_old.h>
+#include <param/atomic/KpaChartFolder.h>
+#include <param/atomic/KpaChartView.h>
+#include <param/atomic/KpaCharts.h>
 #include <param/atomic/KpaColor.h>
+#include <param/atomic/KpaColorScale.h>
 #include <param/atomic/KpaCoordSystem.h>
+#include <param/atomic/KpaData.h>
 #include <param/atomic/KpaDirection.h>
 #include <param/atomic/KpaDouble.h>
 #include <param/atomic/KpaEnum.h>
 #include <param/atomic/KpaFSDirectory.h>
 #include <param/atomic/KpaFSFile.h>
 #include <param/atomic/KpaFlags.h>
+#include <param/atomic/KpaGeosSet.h>
 #include <param/atomic/KpaInteger.h>
 #include <param/atomic/KpaLineStyle.h>
 #include <param/atomic/KpaMatrixSymmetrical.h>
+#include <param/atomic/KpaNeighborhoodItem.h>
 #include <param/atomic/KpaPalette.h>
 #include <param/atomic/KpaPlaneOrientation.h>
+#include <param/atomic/KpaProject.h>
 #include <param/atomic/KpaRotation.h>
+#include <param/atomic/KpaScene.h>
 #include <param/atomic/KpaSeed.h>
 #include <param/atomic/KpaString.h>
 #include <param/atomic/KpaSymbol.h>
@@ -28,6 +38,8 @@
 #include <param/atomic/KpaUnit.h>
 #include <param/atomic/KpaVectorDouble.h>
 #include <param/atomic/KpaVectorInt.h>
+#include <param/composite/KpcCutoffs.h>
+#include <study/KsmModelData.h>
 #include <util/KugPaletteService.h>
 #include <util/KuuCoordSystemCatalog.h>
 
@@ -172,6 +184,35 @@ inline QList<KuuCoordSystem> of(const KpaCoordSystem&)
         systems.append(KuuCoordSystemCatalog::getCoordSystem(key));
     return systems;
 }
+/// All items of the project; none where there is no project.
+inline QList<KsoDataIdentifier> of(const KpaData& atomic)
+{
+    if (!atomic.getDataModel())
+        return {};
+    QList<KsoDataIdentifier> idents;
+    QList<const KsoADataItem*> items{atomic.getDataModel()->getRootItem()};
+    while (!items.isEmpty()) {
+        const KsoADataItem* item = items.takeFirst();
+        idents.append(item->getIdentifier());
+        for (const KsoADataItem* child : item->getChildItems())
+            items.append(child);
+    }
+    return idents;
+}
+/// What the model of the project offers.
+template <class Atomic>
+requires requires(const Atomic& atomic)
+{
+    atomic.getIdentifiers();
+}
+QList<typename Atomic::ValueType> of(const Atomic& atomic)
+{
+    return atomic.getIdentifiers();
+}
+inline QList<QUrl> of(const KpaProject&)
+{
+    return {QUrl("file:///data/mine.study"), QUrl("study:other")};
+}
 inline QList<MbdEnumCatalog> of(const KpaCatalogDefinition_old& atomic)
 {
     MbdEnumCatalog catalog(atomic.getValue().getId() + "x", "Another name");
@@ -209,7 +250,8 @@ using KnownAtomics =
     AtomicClasses<KpaInteger, KpaDouble, KpaBool, KpaSeed, KpaUnit, KpaEnum, KpaFlags, KpaString, KpaFSFile,
                   KpaFSDirectory, KpaVectorDouble, KpaVectorInt, KpaDirection, KpaPlaneOrientation,
                   KpaSystemOrientation, KpaRotation, KpaMatrixSymmetrical, KpaColor, KpaPalette, KpaLineStyle,
-                  KpaSymbol, KpaSymbol3D, KpaCoordSystem, KpaCatalogDefinition_old>;
+                  KpaSymbol, KpaSymbol3D, KpaCoordSystem, KpaCatalogDefinition_old, KpaData, KpaCatalog, KpaColorScale,
+                  KpaGeosSet, KpaNeighborhoodItem, KpaScene, KpaCharts, KpaChartFolder, KpaChartView, KpaProject>;
 
 template <class Atomic, class Value>
 bool admits(const Atomic& atomic, const Value& value)
@@ -239,9 +281,16 @@ std::optional<typename Atomic::ValueType> otherValue(const Atomic& atomic)
     return std::nullopt;
 }
 
-/// Whether `parameter` is an atomic that took on another value.
+/// Whether `parameter` is an atomic, or as good as one, that took on another value.
 inline bool changeValue(KpbAParameter& parameter)
 {
+    if (auto* cutoffs = dynamic_cast<KpcCutoffs*>(&parameter)) {
+        QList<double> values = cutoffs->getValues();
+        for (double& value : values)
+            value += 0.125;
+        cutoffs->setValues(values);
+        return !values.isEmpty();
+    }
     bool changed = false;
     KnownAtomics::visit(parameter, [&](auto& atomic) {
         const auto value = otherValue(atomic);

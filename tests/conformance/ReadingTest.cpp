@@ -168,7 +168,8 @@ bool changesWhenReadBack(KpbAParameter& parameter)
 {
     bool atEnd = false;
     KnownAtomics::visit(parameter, [&](const auto& atomic) { atEnd = isAtEndOfCycle(atomic); });
-    return atEnd || KuxXml::findForbiddenCharacter(formOf(parameter)) >= 0 || isSymbolWithoutANumber(parameter);
+    return atEnd || KuxXml::findForbiddenCharacter(formOf(parameter)) >= 0 || isSymbolWithoutANumber(parameter) ||
+           isStoredAsNothing(parameter);
 }
 
 /// The parameters of a tree as built, each in a tree of its own: a list that reads something ends its items.
@@ -307,6 +308,31 @@ static const EmptyRow emptyRowsOfEntries[] = {
      "id=rocks name=Rocks undefRgba=1 enum1=7|Oxide|4294934528"},
 };
 
+/// What an element of the entries `before` gives, an empty one behind it, and one behind that whose only entry is an
+/// empty "value". The latter is no entry of an item of a project.
+struct ItemRow
+{
+    const char* subject;
+    const char* before;
+    const char* afterEmpty;
+    const char* afterValue;
+};
+
+static const ItemRow itemRows[] = {
+    {"KpaProject", "value=file:///data/a.study", "file:///data/a.study", ""},
+    {"KpcCutoffs", "value=7", "7", "0"},
+    {"KpaData_Chosen", "path= file=holes support=assays name=Cu", "", ""},
+    {"KpaData_Relative", "name=Cu", "", ""},
+    {"KpaCatalog_Chosen", "name=Second", "", "name=Second"},
+    {"KpaColorScale_Chosen", "name=Second", "", "name=Second"},
+    {"KpaGeosSet_Chosen", "name=Second", "", "name=Second"},
+    {"KpaNeighborhoodItem_Chosen", "name=Second", "", "name=Second"},
+    {"KpaScene_Chosen", "name=Second", "", "name=Second"},
+    {"KpaCharts_Chosen", "name=Second", "", "name=Second"},
+    {"KpaChartFolder_Chosen", "name=Second folder=Depths", "", ""},
+    {"KpaChartView_Chosen", "name=Second folder=Grades view=Histogram", "", ""},
+};
+
 /// The element with the entries of a form as `formOf` gives it; a text without names is the only entry.
 static QDomDocument elementOfForm(const QString& form)
 {
@@ -335,9 +361,29 @@ TEST(EmptyElement, KeepsOrEmptiesTheValueAsTheKindSays)
         tryEach(row, elementOfForm(row.before));
 }
 
+TEST(EmptyElement, KeepsOrTakesAwayTheItemAsTheKindSays)
+{
+    for (const ItemRow& row : itemRows) {
+        for (const char* content : {"", "<!--comment-->", "<param key=\"UNKNOWN\">1</param>", "<value/>"}) {
+            const auto atomic = subjectOf(row.subject).make();
+            const std::string version = " version=\"" + std::to_string(atomic->getVersion()) + "\"";
+            QDomDocument before = elementOfForm(row.before);
+            before.documentElement().setAttribute("version", atomic->getVersion());
+            load(*atomic, before);
+            EXPECT_TRUE(QString(row.before).endsWith(formOf(*atomic))) << row.subject << formOf(*atomic).toStdString();
+            load(*atomic, parsed("<param key=\"KEY\"" + version + ">" + content + "</param>"));
+            const bool isValue = QString(content) == "<value/>";
+            EXPECT_EQ(formOf(*atomic), isValue ? row.afterValue : row.afterEmpty)
+                << row.subject << " reads " << content;
+        }
+    }
+}
+
 TEST(EmptyElement, IsTriedOnEveryAtomicClass)
 {
     QSet<QString> tested;
+    for (const ItemRow& row : itemRows)
+        tested.insert(subjectOf(row.subject).className);
     for (const EmptyRow& row : emptyRows)
         tested.insert(subjectOf(row.subject).className);
     for (const EmptyRow& row : emptyRowsOfEntries)

@@ -108,8 +108,32 @@ TEST(ClassRegistry, MakesEachClassOfItsKindAndVersion)
         {"KplRotationList", "LIST", 1},
         {"KplStringList", "LIST", 1},
         {"KplUnitList", "LIST", 1},
+        {"KpaProject", "PROJECT", 1},
+        {"KpaData", "DATA_IDENT", 1},
+        {"KpaCatalog", "CATALOG_IDENT", 1},
+        {"KpaColorScale", "COLOR_SCALE_IDENT", 1},
+        {"KpaGeosSet", "GEOS_SET_IDENT", 1},
+        {"KpaNeighborhoodItem", "NEIGHBORHOOD_IDENT", 1},
+        {"KpaScene", "SCENE_IDENT", 1},
+        {"KpaCharts", "CHARTS_IDENT", 1},
+        {"KpaChartFolder", "CHART_FOLDER", 1},
+        {"KpaChartView", "CHART_VIEW", 1},
+        {"KpcDataset", "DATASET", 1},
+        {"KpcSelection", "SELECTION", 1},
+        {"KpcSampleFilter", "SAMPLE_FILTER", 2},
+        {"KpcSampleFilterRule", "SAMPLE_FILTER_RULE", 2},
+        {"KpcSampleCategories", "SAMPLE_CATEGORIES", 1},
+        {"KpcSampleCategoriesRule", "SAMPLE_CATEGORIES_RULE", 1},
+        {"KpcCutoffs", "CUTOFFS", 2},
+        {"KpcCatalogCategory", "GROUP", 1},
+        {"KpcCatalogCategories", "CATALOG_CATEGORIES", 1},
+        {"KpcZvxConnection", "ZVX", 1},
+        {"KpcDisplayScene", "DISPLAY_SCENE", 1},
+        {"KplDataList", "LIST", 1},
+        {"KplProjectList", "LIST", 1},
         {"DemoTask", "FICHE", 3},
         {"DemoModel", "FICHE", 1},
+        {"DemoSurvey", "FICHE", 1},
     };
     QSet<QString> tested;
     for (const auto& row : rows) {
@@ -135,10 +159,11 @@ TEST_EVERY(ParameterClass, HasOnlyLeavesWhoseValuesTheseTestsCanChange)
     const auto root = make();
     for (KpbAParameter* parameter : allOf(*root)) {
         const bool composite = isMadeOfOthers(*parameter);
-        EXPECT_NE(KnownAtomics::visit(*parameter, [](auto&) {}), composite) << placeOf(*parameter);
-        // Of these, one without items, or in a class of one unit, has no choice.
-        const bool chooses =
-            parameter->isA(KpbEType::ENUM) || parameter->isA(KpbEType::FLAGS) || parameter->isA(KpbEType::UNIT);
+        EXPECT_NE(KnownAtomics::visit(*parameter, [](auto&) {}) || isOneValue(*parameter), composite)
+            << placeOf(*parameter);
+        // Of these, one without items, in a class of one unit, or without a project, has no choice.
+        const bool chooses = parameter->isA(KpbEType::ENUM) || parameter->isA(KpbEType::FLAGS) ||
+                             parameter->isA(KpbEType::UNIT) || isOfProject(*parameter);
         EXPECT_TRUE(changeValue(*parameter) || composite || chooses) << placeOf(*parameter);
     }
 }

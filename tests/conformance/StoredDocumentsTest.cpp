@@ -530,6 +530,13 @@ TEST(StoredDocuments, AreAllRead)
     QSet<QString> read = {"DemoTask-damaged-version.xml",  "KpcGroup-old-encodings.xml",
                           "KpcGroup-old-orientations.xml", "KpcGroup-old-drawings.xml",
                           "KpcGroup-old-lists.xml",        "kparam-demo-old-rotations.xml"};
+    // What belongs to a project, in StoredDataTest.
+    for (const char* name :
+         {"KpaData-url", "KpaGeosSet-url", "KpcCatalogCategories-damaged", "KpcCutoffs-damaged", "KpcCutoffs-too-new",
+          "KpcCutoffs-v1", "KpcCutoffs-v2", "KpcDataset-partial", "KpcSampleFilter-damaged", "KpcSampleFilter-too-new",
+          "KpcSampleFilter-v1", "KpcSampleFilterRule-v1", "KpcSampleFilterRule-v1-partial", "KpcSelection-categories",
+          "KpcSelection-plain"})
+        read.insert(QLatin1String(name) + QLatin1String(".xml"));
     for (const Document& document : readableDocuments())
         read.insert(document.file);
     for (const NewerDocument& document : newerDocuments())

@@ -1,21 +1,32 @@
 #include "Subjects.h"
 
 #include "Atomics.h"
+#include "SampleStudy.h"
 #include "Trees.h"
 
 #include <QtCore/QRegularExpression>
 
 #include <basic/MbuEUnitClass.h>
 #include <param/composite/KpcBasicFiche.h>
+#include <param/composite/KpcCatalogCategories.h>
 #include <param/composite/KpcCheckableGroup.h>
+#include <param/composite/KpcCutoffs.h>
+#include <param/composite/KpcDataset.h>
+#include <param/composite/KpcDisplayScene.h>
 #include <param/composite/KpcGroupList.h>
+#include <param/composite/KpcSampleCategories.h>
+#include <param/composite/KpcSampleFilter.h>
+#include <param/composite/KpcSelection.h>
 #include <param/composite/KpcVectorConstraintDouble.h>
+#include <param/composite/KpcZvxConnection.h>
 #include <param/list/KplBoolList.h>
 #include <param/list/KplColorList.h>
+#include <param/list/KplDataList.h>
 #include <param/list/KplDoubleList.h>
 #include <param/list/KplEnumList.h>
 #include <param/list/KplIntegerList.h>
 #include <param/list/KplMatrixSymmetricalList.h>
+#include <param/list/KplProjectList.h>
 #include <param/list/KplRotationList.h>
 #include <param/list/KplStringList.h>
 #include <param/list/KplUnitList.h>
@@ -461,6 +472,158 @@ void link(KpcVectorConstraintDouble& vector)
     vector.getParameter(Ku::Vector::First)->setValue(Ku::Constraint::UpperBound, 10.0);
 }
 
+// States of what belongs to a project
+
+const SampleStudy& study()
+{
+    return SampleStudy::instance();
+}
+
+KsoDataFilter anyVariable()
+{
+    return KsoDataFilter::variable(MbdEIo::INPUT, MbdVarRoleFlags::ANY, MbdVarTypeFlags::ANY, 0);
+}
+
+void chooseVariable(KpaData& atomic)
+{
+    atomic.setFilter(anyVariable());
+    atomic.setRootIdent(study().model->getRootDirectory(), true);
+    atomic.setValue(study().variable("Au"));
+}
+
+void chooseBelowSupport(KpaData& atomic)
+{
+    chooseVariable(atomic);
+    atomic.setRootIdent(study().support(), true);
+    atomic.setRelative(true);
+}
+
+/// The first of those that the project has.
+template <class T>
+void chooseFirst(T& atomic)
+{
+    atomic.setValue(atomic.getIdentifiers().value(0));
+}
+
+template <class T>
+void chooseBelowFirst(T& atomic)
+{
+    atomic.setRootIdent(KsoChartsIdentifier(study().project->getModelCharts(), "First"));
+    atomic.setRelative(true);
+    chooseFirst(atomic);
+}
+
+void chooseOpenProject(KpaProject& atomic)
+{
+    atomic.setValue(study().project->getUrl());
+}
+
+void fill(KplDataList& list)
+{
+    list.setFilter(anyVariable());
+    list.setRootIdent(study().support(), true);
+    list.setItemLabel("Variable");
+    list.setValues({study().variable("Au"), study().variable("Ore"), study().variable("Au")});
+}
+
+void fill(KplProjectList& list)
+{
+    list.setItemLabel("Project");
+    list.setProjects({study().project.get()});
+}
+
+void select(KpcSelection& selection)
+{
+    auto& variable = dynamic_cast<KpaData&>(*selection.getChild("VARIABLE"));
+    variable.setRootIdent(study().support(), true);
+    variable.setValue(study().variable("Ore"));
+}
+
+/// The tolerance is no automatic one, which has more digits than are stored.
+void compare(KpcSampleFilterRule& rule, const QString& name)
+{
+    rule.setRootIdent(study().support(), true);
+    rule.getVariableParameter()->setValue(study().variable(name));
+    rule.getNumCompareValueParameter()->setValue(2.5);
+    rule.getNumCompareToleranceParameter()->setValue(0.25);
+}
+
+void compare(KpcSampleFilterRule& rule)
+{
+    compare(rule, "Au");
+}
+
+/// One rule each for a number, a text, a category and a boolean.
+void fill(KpcSampleFilter& filter)
+{
+    filter.setRootIdent(study().support(), true);
+    for (const char* name : {"Au", "Name", "Rock", "Ore"})
+        compare(*filter.addRule(), name);
+    filter.getIsActiveParameter()->setValue(true);
+}
+
+/// A certain colour instead of the one by chance.
+void settleColor(const KpcSampleCategories& categories)
+{
+    const KpcSampleCategoriesRule& prototype = *categories.getRulesListParameter()->getItemPrototype();
+    dynamic_cast<KpaColor&>(*prototype.getChild("COLOR")).setValue(Qt::red);
+}
+
+void fill(KpcSampleCategories& categories)
+{
+    categories.setRootIdent(study().support(), true);
+    categories.addVariable(study().variable("Au"));
+    categories.addVariable(study().variable("Name"));
+    categories.addRule(Qt::green, "Rich", "Au > 2");
+    categories.addRule(Qt::gray, "Poor", "Au <= 2");
+    settleColor(categories);
+}
+
+void fill(KpcDataset& dataset)
+{
+    dataset.getRootParameter()->setRootIdent(study().model->getRootDirectory(), true);
+    auto* variable = new KpaData("VARIABLE", study());
+    variable->setLabel("Variable");
+    variable->setFilter(anyVariable());
+    dataset.addVariable(variable);
+    auto* filter = new KpcSampleFilter("FILTER", study());
+    filter->setLabel("Filter");
+    dataset.addSampleFilter(filter);
+    dataset.setRootIdent(study().support());
+    variable->setValue(study().variable("Au"));
+}
+
+void fill(KpcCutoffs& cutoffs)
+{
+    cutoffs.setUnitClass(MbuEUnitClass::LENGTH);
+    cutoffs.setMinimum(0.5);
+    cutoffs.setValues({1.25});
+}
+
+void makeAutomatic(KpcCutoffs& cutoffs)
+{
+    cutoffs.setAutoValues({1.0});
+    cutoffs.setAutomaticEnabled(true);
+    cutoffs.setAutomatic(true);
+}
+
+void fill(KpcCatalogCategories& table)
+{
+    for (const char* name : {"Ore", "Waste"})
+        dynamic_cast<KpaColor&>(*table.addNewCategory(name)->getChild("COLOR")).setValue(Qt::green);
+}
+
+void display(KpcDisplayScene& display)
+{
+    display.setActive(true);
+    chooseFirst(*display.getSceneParameter());
+}
+
+void useExisting(KpcZvxConnection& connection)
+{
+    dynamic_cast<KpaEnum&>(*connection.getChild("EXECUTION_MODE")).setItemFromKey("EXISTING_INSTANCE");
+}
+
 template <class T, class... Arguments>
 T* newChild(const QString& key, void (*prepare)(T&), const Arguments&... arguments)
 {
@@ -540,13 +703,39 @@ void disable(KpcCheckableGroup& group)
 
 // The lists
 
+/// Lets those that mark what is not worth storing do so.
+std::unique_ptr<KpbAParameter> marked(std::unique_ptr<KpbAParameter> made)
+{
+    for (const KpbAParameter* parameter : allOf(*made))
+        parameter->serialize();
+    return made;
+}
+
+std::unique_ptr<KpbAParameter> asBuilt(const ClassRegistry::Row& row)
+{
+    std::unique_ptr<KpbAParameter> made = settled(row.make(row.name));
+    if (auto* category = dynamic_cast<KpcCatalogCategory*>(made.get()))
+        dynamic_cast<KpaString&>(*category->getChild("OPERATION_VALUE")).setValue("Ore");
+    return marked(std::move(made));
+}
+
 template <class T>
 Subject inState(const QString& className, const QString& state, void (*prepare)(T&))
 {
     return {className + "_" + state, className, [className, prepare] {
-                std::unique_ptr<KpbAParameter> made = rowOf(className).make(className);
+                std::unique_ptr<KpbAParameter> made = asBuilt(rowOf(className));
                 prepare(dynamic_cast<T&>(*made));
-                return made;
+                return marked(std::move(made));
+            }};
+}
+
+template <class T>
+Subject inProject(const QString& className, const QString& state, void (*prepare)(T&))
+{
+    return {className + "_" + state, className, [className, prepare] {
+                std::unique_ptr<KpbAParameter> made = settled(rowOf(className).makeIn(className, study()));
+                prepare(dynamic_cast<T&>(*made));
+                return marked(std::move(made));
             }};
 }
 
@@ -622,6 +811,31 @@ std::vector<Subject> statesOfClasses()
         inState<KpcCheckableGroup>("KpcCheckableGroup", "Filled", fillContent),
         inState<KpcCheckableGroup>("KpcCheckableGroup", "Unchecked", uncheck),
         inState<KpcCheckableGroup>("KpcCheckableGroup", "Disabled", disable),
+        inState<KpaProject>("KpaProject", "Chosen", chooseOpenProject),
+        inProject<KpaData>("KpaData", "Chosen", chooseVariable),
+        inProject<KpaData>("KpaData", "Relative", chooseBelowSupport),
+        inProject<KpaCatalog>("KpaCatalog", "Chosen", chooseFirst),
+        inProject<KpaColorScale>("KpaColorScale", "Chosen", chooseFirst),
+        inProject<KpaGeosSet>("KpaGeosSet", "Chosen", chooseFirst),
+        inProject<KpaNeighborhoodItem>("KpaNeighborhoodItem", "Chosen", chooseFirst),
+        inProject<KpaScene>("KpaScene", "Chosen", chooseFirst),
+        inProject<KpaCharts>("KpaCharts", "Chosen", chooseFirst),
+        inProject<KpaChartFolder>("KpaChartFolder", "Chosen", chooseFirst),
+        inProject<KpaChartFolder>("KpaChartFolder", "Relative", chooseBelowFirst),
+        inProject<KpaChartView>("KpaChartView", "Chosen", chooseFirst),
+        inProject<KpaChartView>("KpaChartView", "Relative", chooseBelowFirst),
+        inProject<KplDataList>("KplDataList", "Filled", fill),
+        inState<KplProjectList>("KplProjectList", "Filled", fill),
+        inProject<KpcDataset>("KpcDataset", "Filled", fill),
+        inProject<KpcSelection>("KpcSelection", "Chosen", select),
+        inProject<KpcSampleFilter>("KpcSampleFilter", "Filled", fill),
+        inProject<KpcSampleFilterRule>("KpcSampleFilterRule", "Comparing", compare),
+        inProject<KpcSampleCategories>("KpcSampleCategories", "Filled", fill),
+        inState<KpcCutoffs>("KpcCutoffs", "Filled", fill),
+        inState<KpcCutoffs>("KpcCutoffs", "Automatic", makeAutomatic),
+        inState<KpcCatalogCategories>("KpcCatalogCategories", "Filled", fill),
+        inProject<KpcDisplayScene>("KpcDisplayScene", "Displaying", display),
+        inState<KpcZvxConnection>("KpcZvxConnection", "Existing", useExisting),
     };
 }
 
@@ -629,13 +843,25 @@ std::vector<Subject> collectSubjects()
 {
     std::vector<Subject> subjects;
     for (const ClassRegistry::Row& row : ClassRegistry::getRows())
-        subjects.push_back({row.name, row.name, [&row] { return row.make(row.name); }});
+        subjects.push_back({row.name, row.name, [&row] { return asBuilt(row); }});
     for (Subject& subject : statesOfClasses())
         subjects.push_back(std::move(subject));
     return subjects;
 }
 
 } // namespace
+
+std::unique_ptr<KpbAParameter> settled(std::unique_ptr<KpbAParameter> made)
+{
+    for (KpbAParameter* parameter : allOf(*made)) {
+        if (auto* categories = dynamic_cast<KpcSampleCategories*>(parameter))
+            settleColor(*categories);
+        auto* cutoffs = dynamic_cast<KpcCutoffs*>(parameter);
+        if (cutoffs && cutoffs->getItemCount() == 0)
+            cutoffs->setValues({1.5});
+    }
+    return made;
+}
 
 const std::vector<Subject>& allSubjects()
 {
@@ -655,7 +881,7 @@ std::unique_ptr<KpbAParameter> SubjectTest::makeChanged() const
 
 bool GroupClass::concerns(const KpbAParameter& parameter)
 {
-    return dynamic_cast<const KpcGroup*>(&parameter) != nullptr;
+    return dynamic_cast<const KpcGroup*>(&parameter) && !dynamic_cast<const KpcCatalogCategory*>(&parameter);
 }
 
 bool CompositeClass::concerns(const KpbAParameter& parameter)

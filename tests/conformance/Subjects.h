@@ -22,6 +22,10 @@ struct Subject
 /// One as built for each registered class, under the key that is the name of the class, and then the others.
 const std::vector<Subject>& allSubjects();
 
+/// The parameter, as it is to stand in tests of all states: with a certain colour where the class draws one by chance,
+/// and a value where none is read as something else.
+std::unique_ptr<KpbAParameter> settled(std::unique_ptr<KpbAParameter> made);
+
 /// Base of the tests that each of some subjects has to pass.
 class SubjectTest
 {
@@ -43,7 +47,7 @@ struct ParameterClass : SubjectTest
     static bool concerns(const KpbAParameter&) { return true; }
 };
 
-/// What every group has to pass, which can be a task.
+/// What every group has to pass that can be a task, which a row of a table cannot.
 struct GroupClass : SubjectTest
 {
     using SubjectTest::SubjectTest;

@@ -12,10 +12,25 @@
 
 #include <string>
 
+/// Whether the parameter is one value to the outside: what it is made of is its own business.
+inline bool isOneValue(const KpbAParameter& parameter)
+{
+    return parameter.isA(KpbEType::CUTOFFS);
+}
+
+/// Whether the value is an item of a project, or none.
+inline bool isOfProject(const KpbAParameter& parameter)
+{
+    const int kind = parameter.getType().getValue();
+    return kind >= KpbEType::DATA_IDENT.getValue() && kind <= KpbEType::CHART_VIEW.getValue();
+}
+
 /// The parameter and all below it, parents first.
 inline QList<KpbAParameter*> allOf(KpbAParameter& root)
 {
     QList<KpbAParameter*> all{&root};
+    if (isOneValue(root))
+        return all;
     for (int i = 0; i < root.getChildCount(); ++i)
         all += allOf(*root.getChild(i));
     return all;
@@ -34,7 +49,7 @@ inline bool isList(const KpbAParameter& parameter)
 /// Composites and lists, which have no value of their own.
 inline bool isMadeOfOthers(const KpbAParameter& parameter)
 {
-    return isList(parameter) || dynamic_cast<const KpcAComposite*>(&parameter);
+    return !isOneValue(parameter) && (isList(parameter) || dynamic_cast<const KpcAComposite*>(&parameter));
 }
 
 /// Whether the parameter is there because something made it an item of a list, and not its class.
@@ -73,15 +88,31 @@ inline QString formOf(const KpbAParameter& parameter)
     return texts.join(' ');
 }
 
-/// All that is known of a tree but where it lies in memory.
+/// All that is known of a tree but where it lies in memory. What marks parts that are not worth storing when it is
+/// serialized, has done so.
 inline std::string stateOf(const KpbAParameter& root)
 {
+    const KpbAParameter* top = &root;
+    while (top->getParent())
+        top = top->getParent();
+    for (const KpbAParameter* parameter : allOf(const_cast<KpbAParameter&>(*top)))
+        parameter->serialize();
     QStringList lines = root.debug(2).split('\n');
     for (int i = lines.size() - 1; i >= 0; --i) {
         if (lines[i].startsWith(" parent           = "))
             lines.removeAt(i);
     }
     return lines.join('\n').toStdString();
+}
+
+/// Whether what is stored leaves the value that stood there: a coordinate system that is none has no key, and a text
+/// that is no key leaves the system; so do an empty text the project and an empty element the selection.
+inline bool isStoredAsNothing(const KpbAParameter& parameter)
+{
+    const KpbAParameter::SerialForm form = parameter.serialize();
+    if (parameter.isA(KpbEType::SELECTION))
+        return form.isEmpty();
+    return (parameter.isA(KpbEType::COORD_SYSTEM) || parameter.isA(KpbEType::PROJECT)) && form.value("value").isEmpty();
 }
 
 /// A document with a copy of the element, or with nothing for a null element.

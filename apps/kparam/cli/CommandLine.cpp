@@ -149,6 +149,11 @@ QCommandLineOption CommandLine::asOption()
     return {"as", "the class that the document is a form of; see 'kparam classes'", "CLASS"};
 }
 
+QCommandLineOption CommandLine::projectOption()
+{
+    return {"project", "the project whose items the document names; it is only read", "PROJECT"};
+}
+
 QCommandLineOption CommandLine::jsonOption()
 {
     return {"json", "prints JSON, failures included"};

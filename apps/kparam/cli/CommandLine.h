@@ -45,6 +45,7 @@ public:
     static QString getCodesText(const QVector<ExitCode>& codes);
 
     static QCommandLineOption asOption();
+    static QCommandLineOption projectOption();
     static QCommandLineOption jsonOption();
     static QCommandLineOption outOption();
     static QCommandLineOption forceOption();

@@ -68,15 +68,17 @@ ExitCode runCheck(const QStringList& arguments, Output& output)
     line.addNote("The code is 1 where there are findings, or where the form would be written otherwise. A form of an\n"
                  "older version, and one that lacks parameters, is written otherwise.");
     line.addRequiredOption(CommandLine::asOption());
+    line.addOption(CommandLine::projectOption());
     line.addArgument("FILE", "the document, or - for the standard input");
     line.addOption(CommandLine::jsonOption());
-    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed});
+    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed, ExitCode::StoreFailed});
     if (!line.parse(arguments, output))
         return ExitCode::Ok;
     const ClassRegistry::Row& row = requireClass(line.getValue("as"));
     const InputDocument input = readDocument(line.getArgument(0));
     const QByteArray former = FormRewriting::canonicalText(input);
-    const FormReading reading = readForm(input, row);
+    const ProjectContext context(line.getValue("project"));
+    const FormReading reading = readForm(input, row, context);
     const Check check{input.name, row.name, reading, FormRewriting(input.bytes, former, reading)};
     line.isSet("json") ? printJson(check, output) : printText(check, output);
     return reading.findings.isEmpty() && check.rewriting.isSame() ? ExitCode::Ok : ExitCode::Findings;

@@ -5,6 +5,7 @@
 #include <cli/Failure.h>
 #include <cli/Output.h>
 #include <command/Command.h>
+#include <demo/DataSession.h>
 #include <demo/DemoSession.h>
 #include <demo/ModelSession.h>
 
@@ -18,6 +19,7 @@ ExitCode runIn(const QString& folder, Output& output)
     const QString storeFile = QDir(folder).filePath("demo.kestrin");
     DemoSession(storeFile, report).run();
     ModelSession(storeFile, report).run();
+    DataSession(storeFile, report).run();
     return report.finish();
 }
 
@@ -29,6 +31,8 @@ ExitCode runDemo(const QStringList& arguments, Output& output)
                      "Builds a task form as a tree of parameters, changes it, shows the records that reach the\n"
                      "root, saves the form in a store, opens it again, and reads documents of older versions.\n"
                      "Then a form of vectors, orientations, constraints, drawings and lists, and its watchers.\n"
+                     "Last a form on a data file that it imports: its samples are selected, filtered and\n"
+                     "categorised, and the project changes under it.\n"
                      "Each step is held against what it must give; the code is 0 only if all gave it, else 1.");
     line.addArgument("DIR", "the folder of the store, which stays there; else a temporary one, which is removed",
                      CommandLine::Optional);

@@ -41,15 +41,17 @@ ExitCode runMigrate(const QStringList& arguments, Output& output)
     line.addNote("Where the class does not take something over as it stands, that is told, nothing is written, and\n"
                  "the code is 1; with --force it is written all the same.");
     line.addRequiredOption(CommandLine::asOption());
+    line.addOption(CommandLine::projectOption());
     line.addArgument("FILE", "the document, or - for the standard input");
     line.addRequiredOption(CommandLine::outOption());
     line.addOption(CommandLine::forceOption());
     line.addOption(CommandLine::jsonOption());
-    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed});
+    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed, ExitCode::StoreFailed});
     if (!line.parse(arguments, output))
         return ExitCode::Ok;
     const ClassRegistry::Row& row = requireClass(line.getValue("as"));
-    const FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, output);
+    const ProjectContext context(line.getValue("project"));
+    const FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, context, output);
     const bool write = reading.findings.isEmpty() || line.isSet("force");
     if (write)
         writeFile(line.getValue("output"), createBytes(*reading.parameter, reading.isTask));

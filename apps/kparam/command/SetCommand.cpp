@@ -102,16 +102,18 @@ ExitCode runSet(const QStringList& arguments, Output& output)
         "before it have made. Where a value is refused or repaired, or the class does not take something in the\n"
         "document over as it stands, nothing is written, and the code is 1; with --force it is written all the same.");
     line.addRequiredOption(CommandLine::asOption());
+    line.addOption(CommandLine::projectOption());
     line.addArgument("FILE", "the document, or - for the standard input");
     line.addArgument("PATH=VALUE", "the keys below the root, joined by /, and the new value", CommandLine::OneOrMore);
     line.addRequiredOption(CommandLine::outOption());
     line.addOption(CommandLine::forceOption());
     line.addOption(CommandLine::jsonOption());
-    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed});
+    line.setExitCodes({ExitCode::Findings, ExitCode::InputFailed, ExitCode::StoreFailed});
     if (!line.parse(arguments, output))
         return ExitCode::Ok;
     const ClassRegistry::Row& row = requireClass(line.getValue("as"));
-    const FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, output);
+    const ProjectContext context(line.getValue("project"));
+    const FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, context, output);
 
     bool asAsked = reading.findings.isEmpty();
     QJsonArray changes;

@@ -19,11 +19,15 @@ public:
     const QString& getFile() const { return _file; }
     const KstITransactable& getContext() const { return _context; }
 
-    /// Opens the store, also one that is open, or makes it.
-    KssProject* open()
+    void close()
     {
         _context.project = nullptr;
         _project.reset();
+    }
+    /// Opens the store, also one that is open, or makes it.
+    KssProject* open()
+    {
+        close();
         _project = QFileInfo::exists(_file) ? KssProject::open(_file) : KssProject::create(_file);
         return _context.project = _project.get();
     }

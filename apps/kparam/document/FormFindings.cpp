@@ -87,7 +87,8 @@ bool FormFindings::_isRead(const QDomElement& element, const Place& place)
 {
     const auto& [parameter, former, path] = place;
     const int version = element.attribute("version", "1").toInt();
-    if (parameter.isVolatile())
+    // What is only volatile now has been read, and was found not to be worth storing.
+    if (parameter.isVolatile() && former.isVolatile())
         _add(Finding::Ignored, element, path, QStringLiteral("the parameter is not stored, and is not read"));
     else if (version > parameter.getVersion())
         _add(Finding::TooNew, element, path,
@@ -141,7 +142,7 @@ void FormFindings::_checkEntries(const QDomElement& element, const Place& place)
 void FormFindings::_checkValue(const QDomElement& element, const Place& place)
 {
     const Form now = place.parameter.serialize();
-    if (now.isEmpty())
+    if (now.isEmpty() && getItemEntries(place.parameter).isEmpty())
         return;
     const Form stored = entriesOf(element);
     switch (judgeReading(place.parameter, stored, place.former)) {

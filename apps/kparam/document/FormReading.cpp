@@ -42,11 +42,11 @@ void apply(const InputDocument& input, KpbAParameter& parameter)
 
 } // namespace
 
-FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row)
+FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row, const ProjectContext& context)
 {
     const QDomElement root = input.document.documentElement();
     FormReading reading;
-    reading.parameter = makeParameter(row, root.attribute("key"));
+    reading.parameter = makeParameter(row, root.attribute("key"), context);
     checkRoot(input, root, *reading.parameter, row);
     reading.isTask = root.tagName() == QLatin1String("task");
     reading.version = root.attribute("version", "1").toInt();
@@ -69,9 +69,10 @@ FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row)
     return reading;
 }
 
-FormReading readFormToUse(const InputDocument& input, const ClassRegistry::Row& row, Output& output)
+FormReading readFormToUse(const InputDocument& input, const ClassRegistry::Row& row, const ProjectContext& context,
+                          Output& output)
 {
-    FormReading reading = readForm(input, row);
+    FormReading reading = readForm(input, row, context);
     if (reading.isTooNew())
         fail(input, input.document.documentElement(), reading.findings.first().text);
     for (const Finding& finding : std::as_const(reading.findings))

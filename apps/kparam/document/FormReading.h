@@ -4,6 +4,7 @@
 #include <document/FormFindings.h>
 #include <document/InputDocument.h>
 #include <registry/ClassRegistry.h>
+#include <tree/ProjectContext.h>
 
 class Output;
 
@@ -24,7 +25,9 @@ struct FormReading
 
 /// Reads the document into a new parameter of the class, under the key that a "param" document says. A document of
 /// another shape, or one that the class fails to convert, is a `Failure` that names the place.
-FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row);
+FormReading readForm(const InputDocument& input, const ClassRegistry::Row& row,
+                     const ProjectContext& context = ProjectContext::none());
 
 /// The same for commands that go on with the form: one that is too new is a `Failure`; findings are told as messages.
-FormReading readFormToUse(const InputDocument& input, const ClassRegistry::Row& row, Output& output);
+FormReading readFormToUse(const InputDocument& input, const ClassRegistry::Row& row, const ProjectContext& context,
+                          Output& output);

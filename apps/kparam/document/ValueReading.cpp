@@ -17,6 +17,7 @@ namespace {
 
 using Form = KpbAParameter::SerialForm;
 
+const QString urlEntry = QStringLiteral("url");
 const QString valueEntry = QStringLiteral("value");
 
 QString cleanText(const QDomElement& element)
@@ -188,6 +189,38 @@ bool isContained(const Form& part, const Form& whole)
     });
 }
 
+/// The entries of the item that is held: a selection has them also where it is stored as its parts.
+Form itemOf(const KpbAParameter& parameter)
+{
+    return parameter.isA(KpbEType::SELECTION) ? parameter.getChild(QStringLiteral("VARIABLE"))->serialize()
+                                              : parameter.serialize();
+}
+
+/// What a root gives, and what goes without saying, is not stored.
+ValueReading judgeItem(const KpbAParameter& parameter, const Form& stored, const KpbAParameter& former)
+{
+    Form named;
+    for (const auto& entry : stored) {
+        if (getItemEntries(parameter).contains(entry.key))
+            named.insert(entry.key, entry.value);
+    }
+    const Form now = itemOf(parameter);
+    if (named.isEmpty() || isContained(named, now))
+        return ValueReading::Same;
+    if (!now.isEmpty() && (named.contains(urlEntry) || isContained(now, named)))
+        return ValueReading::Respelled;
+    return now.isEmpty() || now == itemOf(former) ? ValueReading::Refused : ValueReading::Repaired;
+}
+
+ValueReading judgeItemEntry(const KpbAParameter& parameter, const QString& text, const QString& name,
+                            const KpbAParameter& former)
+{
+    const Form now = itemOf(parameter);
+    if (now.contains(name))
+        return now.value(name) == text ? ValueReading::Same : ValueReading::Refused;
+    return now == itemOf(former) ? ValueReading::Refused : ValueReading::Respelled;
+}
+
 ValueReading judgeByKind(const KpbAParameter& parameter, const Form& stored, const Form& before, const Form& now)
 {
     const QString text = stored.value(valueEntry);
@@ -235,17 +268,43 @@ Form entriesOf(const QDomElement& element)
     return entries;
 }
 
+QStringList getItemEntries(const KpbAParameter& parameter)
+{
+    const QStringList named{QStringLiteral("name")};
+    switch (parameter.getType().toEnum()) {
+    case KpbEType::EValue::DATA_IDENT:
+    case KpbEType::EValue::SELECTION:
+        return {"path", "file", "support", "name", "macro", urlEntry};
+    case KpbEType::EValue::GEOS_SET_IDENT:
+        return named + QStringList{urlEntry};
+    case KpbEType::EValue::NEIGHBORHOOD_IDENT:
+    case KpbEType::EValue::CATALOG_IDENT:
+    case KpbEType::EValue::COLOR_SCALE_IDENT:
+    case KpbEType::EValue::SCENE_IDENT:
+    case KpbEType::EValue::CHARTS_IDENT:
+        return named;
+    case KpbEType::EValue::CHART_FOLDER:
+        return named + QStringList{"folder"};
+    case KpbEType::EValue::CHART_VIEW:
+        return named + QStringList{"folder", "view"};
+    default:
+        return {};
+    }
+}
+
 bool isEntryRead(const KpbAParameter& parameter, const Form& now, const Form& stored, const QString& name)
 {
     if (const auto* rotation = dynamic_cast<const KpaRotation*>(&parameter))
         return isRotationEntryRead(*rotation, stored, name);
     // Texts of older versions came line by line.
     const bool isLine = parameter.isA(KpbEType::STRING) && name.startsWith(QLatin1String("line"));
-    return isLine || isCategory(parameter, name) || now.contains(name);
+    return isLine || isCategory(parameter, name) || now.contains(name) || getItemEntries(parameter).contains(name);
 }
 
 ValueReading judgeReading(const KpbAParameter& parameter, const Form& stored, const KpbAParameter& former)
 {
+    if (!getItemEntries(parameter).isEmpty())
+        return judgeItem(parameter, stored, former);
     const Form now = parameter.serialize();
     const bool isEmpty = stored.isEmpty() && now.size() == 1 && now.valueAt(0).isEmpty();
     if (isEmpty || (!stored.isEmpty() && isContained(stored, now)))
@@ -258,6 +317,8 @@ ValueReading judgeReading(const KpbAParameter& parameter, const Form& stored, co
 ValueReading judgeEntry(const KpbAParameter& parameter, const Form& stored, const QString& name,
                         const KpbAParameter& former)
 {
+    if (!getItemEntries(parameter).isEmpty())
+        return judgeItemEntry(parameter, stored.value(name), name, former);
     const Form now = parameter.serialize();
     const QString text = stored.value(name);
     if (!isEntryRead(parameter, now, stored, name))

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtCore/QStringList>
+
 #include <param/KpbAParameter.h>
 
 /// What became of the entries of a stored element.
@@ -13,6 +15,10 @@ enum class ValueReading
 
 /// The entries of a "param" element as a parameter gets to see them.
 KpbAParameter::SerialForm entriesOf(const QDomElement& element);
+
+/// The entries by which the item of a project can be named that a parameter of this kind holds, whether or not it holds
+/// one; empty for other kinds.
+QStringList getItemEntries(const KpbAParameter& parameter);
 
 /// Whether `parameter`, which has the entries `now`, takes notice of the entry `name` where it reads all of `stored`.
 bool isEntryRead(const KpbAParameter& parameter, const KpbAParameter::SerialForm& now,

@@ -1,10 +1,14 @@
 #include <registry/ClassRegistry.h>
+#include <study/KstATransactableDefault.h>
 
 #include <QtCore/QVector>
 
 #include <algorithm>
 
 namespace {
+
+class NoProject : public KstATransactableDefault
+{};
 
 /// The number of characters to put in, take out or replace to get from one text to the other.
 int editDistance(const QString& from, const QString& to)
@@ -32,6 +36,12 @@ int slipDistance(const QString& typed, const QString& name)
 }
 
 } // namespace
+
+std::unique_ptr<KpbAParameter> ClassRegistry::Row::make(const QString& key) const
+{
+    static const NoProject noProject;
+    return makeIn(key, noProject);
+}
 
 const ClassRegistry::Row* ClassRegistry::find(const QString& name)
 {

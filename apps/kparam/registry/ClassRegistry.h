@@ -8,8 +8,10 @@
 #include <memory>
 #include <vector>
 
+class KstITransactable;
+
 /// The parameter classes that a program can make by name. A class that takes more than a key is made with what leaves
-/// it as its constructor builds it. The parameters belong to no project.
+/// it as its constructor builds it.
 class ClassRegistry
 {
 public:
@@ -23,8 +25,11 @@ public:
         QString description;
         /// Whether its stored form is a "task" document and not a "param" element.
         bool isFiche;
-        /// A new parameter of the class; any text is a key.
-        std::unique_ptr<KpbAParameter> (*make)(const QString& key);
+        /// A new parameter of the class; any text is a key. The context must outlive it.
+        std::unique_ptr<KpbAParameter> (*makeIn)(const QString& key, const KstITransactable& context);
+
+        /// The same for a parameter that belongs to no project.
+        std::unique_ptr<KpbAParameter> make(const QString& key) const;
     };
 
     /// All classes, family by family.

@@ -1,19 +1,29 @@
 #include <param/atomic/KpaBool.h>
+#include <param/atomic/KpaCatalog.h>
 #include <param/atomic/KpaCatalogDefinition_old.h>
+#include <param/atomic/KpaChartFolder.h>
+#include <param/atomic/KpaChartView.h>
+#include <param/atomic/KpaCharts.h>
 #include <param/atomic/KpaColor.h>
+#include <param/atomic/KpaColorScale.h>
 #include <param/atomic/KpaCoordSystem.h>
+#include <param/atomic/KpaData.h>
 #include <param/atomic/KpaDirection.h>
 #include <param/atomic/KpaDouble.h>
 #include <param/atomic/KpaEnum.h>
 #include <param/atomic/KpaFSDirectory.h>
 #include <param/atomic/KpaFSFile.h>
 #include <param/atomic/KpaFlags.h>
+#include <param/atomic/KpaGeosSet.h>
 #include <param/atomic/KpaInteger.h>
 #include <param/atomic/KpaLineStyle.h>
 #include <param/atomic/KpaMatrixSymmetrical.h>
+#include <param/atomic/KpaNeighborhoodItem.h>
 #include <param/atomic/KpaPalette.h>
 #include <param/atomic/KpaPlaneOrientation.h>
+#include <param/atomic/KpaProject.h>
 #include <param/atomic/KpaRotation.h>
+#include <param/atomic/KpaScene.h>
 #include <param/atomic/KpaSeed.h>
 #include <param/atomic/KpaString.h>
 #include <param/atomic/KpaSymbol.h>
@@ -23,53 +33,61 @@
 #include <param/atomic/KpaVectorDouble.h>
 #include <param/atomic/KpaVectorInt.h>
 #include <param/composite/KpcBasicFiche.h>
+#include <param/composite/KpcCatalogCategories.h>
 #include <param/composite/KpcCheckableGroup.h>
 #include <param/composite/KpcConstraintDouble.h>
+#include <param/composite/KpcCutoffs.h>
+#include <param/composite/KpcDataset.h>
+#include <param/composite/KpcDisplayScene.h>
 #include <param/composite/KpcFiche.h>
 #include <param/composite/KpcGroup.h>
 #include <param/composite/KpcGroupList.h>
+#include <param/composite/KpcSampleCategories.h>
+#include <param/composite/KpcSampleCategoriesRule.h>
+#include <param/composite/KpcSampleFilter.h>
+#include <param/composite/KpcSampleFilterRule.h>
+#include <param/composite/KpcSelection.h>
 #include <param/composite/KpcVectorConstraintDouble.h>
+#include <param/composite/KpcZvxConnection.h>
 #include <param/list/KplBoolList.h>
 #include <param/list/KplColorList.h>
+#include <param/list/KplDataList.h>
 #include <param/list/KplDoubleList.h>
 #include <param/list/KplEnumList.h>
 #include <param/list/KplIntegerList.h>
 #include <param/list/KplMatrixSymmetricalList.h>
+#include <param/list/KplProjectList.h>
 #include <param/list/KplRotationList.h>
 #include <param/list/KplStringList.h>
 #include <param/list/KplUnitList.h>
 #include <registry/ClassRegistry.h>
 #include <registry/DemoModel.h>
+#include <registry/DemoSurvey.h>
 #include <registry/DemoTask.h>
-#include <study/KstATransactableDefault.h>
+#include <study/KstITransactable.h>
 
 #include <concepts>
 
 namespace {
 
-class NoProject : public KstATransactableDefault
-{};
-
-const NoProject noProject;
-
 /// A parameter that needs nothing but its key, or reaches its project through a transaction context.
 template <class T>
-std::unique_ptr<KpbAParameter> make(const QString& key)
+std::unique_ptr<KpbAParameter> makeIn(const QString& key, const KstITransactable& context)
 {
     if constexpr (std::constructible_from<T, const QString&, const KstITransactable&>)
-        return std::make_unique<T>(key, noProject);
+        return std::make_unique<T>(key, context);
     else
         return std::make_unique<T>(key);
 }
 
 template <>
-std::unique_ptr<KpbAParameter> make<KpcFiche>(const QString& key)
+std::unique_ptr<KpbAParameter> makeIn<KpcFiche>(const QString& key, const KstITransactable& context)
 {
-    return std::make_unique<KpcFiche>(key, QStringLiteral("Task"), noProject);
+    return std::make_unique<KpcFiche>(key, QStringLiteral("Task"), context);
 }
 
 template <>
-std::unique_ptr<KpbAParameter> make<KpcBasicFiche>(const QString& key)
+std::unique_ptr<KpbAParameter> makeIn<KpcBasicFiche>(const QString& key, const KstITransactable&)
 {
     return std::make_unique<KpcBasicFiche>(key, QStringLiteral("Task"));
 }
@@ -78,7 +96,7 @@ template <class T>
 ClassRegistry::Row row(const char* name, const QString& family, const char* description)
 {
     return {QString::fromLatin1(name), family, QString::fromLatin1(description), std::derived_from<T, KpcFiche>,
-            make<T>};
+            makeIn<T>};
 }
 
 #define ROW(Class, family, description) row<Class>(#Class, family, description)
@@ -92,6 +110,7 @@ const std::vector<ClassRegistry::Row>& ClassRegistry::getRows()
     static const QString geometry  = QStringLiteral("Geometry");
     static const QString drawing   = QStringLiteral("Drawing");
     static const QString composite = QStringLiteral("Composites");
+    static const QString data      = QStringLiteral("Data of a project");
     static const QString list      = QStringLiteral("Lists");
     static const QString task      = QStringLiteral("Task forms");
     static const std::vector<Row> rows = {
@@ -129,6 +148,28 @@ const std::vector<ClassRegistry::Row>& ClassRegistry::getRows()
         ROW(KpcConstraintDouble,       composite, "What is known of a number: itself, bounds, nothing"),
         ROW(KpcVectorConstraintDouble, composite, "What is known of each component of a vector"),
 
+        ROW(KpaProject,                data,      "One of the open projects"),
+        ROW(KpaData,                   data,      "A directory, file, support or variable"),
+        ROW(KpaCatalog,                data,      "A catalog of categories"),
+        ROW(KpaColorScale,             data,      "A colour scale"),
+        ROW(KpaGeosSet,                data,      "A geostatistical set"),
+        ROW(KpaNeighborhoodItem,       data,      "A search neighbourhood"),
+        ROW(KpaScene,                  data,      "A scene"),
+        ROW(KpaCharts,                 data,      "A chart file"),
+        ROW(KpaChartFolder,            data,      "A folder of a chart file"),
+        ROW(KpaChartView,              data,      "A view in a folder of a chart file"),
+        ROW(KpcDataset,                data,      "The data of a task: a file or support, variables, samples"),
+        ROW(KpcSelection,              data,      "A selection of samples"),
+        ROW(KpcSampleFilter,           data,      "Rules for samples and how they are combined"),
+        ROW(KpcSampleFilterRule,       data,      "One rule for samples"),
+        ROW(KpcSampleCategories,       data,      "Conditions that sort samples into categories"),
+        ROW(KpcSampleCategoriesRule,   data,      "One category and its condition"),
+        ROW(KpcCutoffs,                data,      "Cutoff values, typed in or a named list of the registry"),
+        ROW(KpcCatalogCategory,        data,      "What is to be done with one category of a catalog"),
+        ROW(KpcCatalogCategories,      data,      "What is to be done with the categories of a catalog"),
+        ROW(KpcDisplayScene,           data,      "Whether a result is displayed in a scene, and in which"),
+        ROW(KpcZvxConnection,          data,      "How the data server is reached"),
+
         ROW(KpcGroupList,              list,      "Groups, alike at first"),
         ROW(KplBoolList,               list,      "Any number of yes and no"),
         ROW(KplIntegerList,            list,      "Any number of integers"),
@@ -139,9 +180,12 @@ const std::vector<ClassRegistry::Row>& ClassRegistry::getRows()
         ROW(KplRotationList,           list,      "Any number of rotations"),
         ROW(KplMatrixSymmetricalList,  list,      "Any number of symmetric matrices"),
         ROW(KplColorList,              list,      "Any number of colours"),
+        ROW(KplProjectList,            list,      "Any number of open projects"),
+        ROW(KplDataList,               list,      "Any number of files, variables and the like"),
 
         ROW(DemoTask,                  task,      "The form that the demonstration begins with"),
         ROW(DemoModel,                 task,      "The form that it goes on with: a model and its drawing"),
+        ROW(DemoSurvey,                task,      "The form that it ends with: the samples of a data file"),
     };
     // clang-format on
     return rows;

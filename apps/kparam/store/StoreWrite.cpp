@@ -69,6 +69,7 @@ ExitCode runStorePut(const QString& store, const QStringList& arguments, Output&
                  "Where the class does not take something over as it stands, nothing is stored, and the code is 1;\n"
                  "with --force it is stored all the same.");
     line.addRequiredOption(CommandLine::asOption());
+    line.addOption(CommandLine::projectOption());
     line.addArgument("FILE", "the document, or - for the standard input");
     line.addOption({"id", "the identifier, else the key of a param, or the name of the class of a task", "ID"});
     line.addOption({"by", "a parameter that forms are told apart by; can be given several times", "PATH"});
@@ -79,7 +80,8 @@ ExitCode runStorePut(const QString& store, const QStringList& arguments, Output&
     if (!line.parse(arguments, output))
         return ExitCode::Ok;
     const ClassRegistry::Row& row = requireClass(line.getValue("as"));
-    FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, output);
+    const ProjectContext context(line.getValue("project"));
+    FormReading reading = readFormToUse(readDocument(line.getArgument(0)), row, context, output);
     checkKeyParameters(reading, line.getValues("by"));
     if (!reading.findings.isEmpty() && !line.isSet("force")) {
         output.printMessage("Nothing was stored; --force does.");

@@ -3,6 +3,7 @@
 #include <cli/Failure.h>
 #include <cli/SafeText.h>
 #include <param/composite/KpcAbstractList.h>
+#include <param/composite/KpcCatalogCategory.h>
 #include <tree/ParameterPath.h>
 
 namespace {
@@ -46,10 +47,22 @@ QString hintFor(const QString& path, const KpbAParameter& root)
     fail(QStringLiteral("There is no parameter %1.%2").arg(SafeText::quoted(path), hintFor(path, root)));
 }
 
+/// A selection leaves out what says nothing, and a category the new name that is the old one. With another value, they
+/// are stored.
+bool isLeftOutOnlyNow(const KpbAParameter& parameter)
+{
+    const KpbAParameter* parent = parameter.getParent();
+    return parent && (parent->isA(KpbEType::SELECTION) || (dynamic_cast<const KpcCatalogCategory*>(parent) &&
+                                                           parameter.getKey() == QLatin1String("OPERATION_VALUE")));
+}
+
+/// What a parameter leaves out of its form, it marks when it is serialized.
 bool isStored(const KpbAParameter* parameter)
 {
     for (; parameter; parameter = parameter->getParent()) {
-        if (parameter->isVolatile())
+        if (parameter->getParent())
+            parameter->getParent()->serialize();
+        if (parameter->isVolatile() && !isLeftOutOnlyNow(*parameter))
             return false;
     }
     return true;
@@ -68,6 +81,11 @@ QString requireOnlyEntry(const KpbAParameter& parameter, const QString& path)
     const Form form = parameter.serialize();
     if (form.size() == 1)
         return form.keyAt(0);
+    const QStringList itemEntries = getItemEntries(parameter);
+    if (itemEntries.value(0) == QLatin1String("name") && !itemEntries.contains(QStringLiteral("folder")))
+        return itemEntries.first();
+    if (!itemEntries.isEmpty())
+        fail(QStringLiteral("%1 has several entries: %2.").arg(SafeText::quoted(path), listed(itemEntries)));
     if (dynamic_cast<const KpcAbstractList*>(&parameter))
         fail(QStringLiteral("%1 is a list: %2/+=VALUE adds an item, %2/-=KEY takes one out.")
                  .arg(SafeText::quoted(path), SafeText::inLine(path)));
@@ -175,7 +193,8 @@ void Assignment::_find(KpbAParameter& root)
     else if (list && !list->isEmpty()) {
         requireItem(*list, parentPath, name);
     }
-    else if (!_parameter || _parameter->serialize().isEmpty() || name.isEmpty()) {
+    else if (!_parameter || name.isEmpty() ||
+             (_parameter->serialize().isEmpty() && getItemEntries(*_parameter).isEmpty())) {
         failUnknown(_path, root);
     }
     else {
@@ -199,16 +218,18 @@ AssignmentResult Assignment::apply() const
 AssignmentResult Assignment::_setEntry() const
 {
     const std::unique_ptr<KpbAParameter> former(_parameter->duplicate(QString()));
-    Form wanted = former->serialize();
+    // A location is the whole of an item.
+    const bool isLocation = _entry == QLatin1String("url");
+    Form wanted = isLocation ? Form() : former->serialize();
     wanted.insert(_entry, _text);
     const KuoPointer<KpbAParameter> guarded(_parameter);
     _parameter->unserialize(wanted);
     // An item whose value an earlier one has leaves a list that is to have each value once.
     if (!guarded)
         return {_path, std::nullopt, ValueReading::Refused};
-    return {_path, _parameter->serialize().value(_entry),
-            wanted.size() == 1 ? judgeReading(*_parameter, wanted, *former)
-                               : judgeEntry(*_parameter, wanted, _entry, *former)};
+    return {_path, isLocation ? _text : _parameter->serialize().value(_entry),
+            wanted.size() == 1 && !isLocation ? judgeReading(*_parameter, wanted, *former)
+                                              : judgeEntry(*_parameter, wanted, _entry, *former)};
 }
 
 AssignmentResult Assignment::_addItem() const

@@ -13,7 +13,8 @@ const ClassRegistry::Row& requireClass(const QString& name)
     throw Failure(ExitCode::Usage, QStringLiteral("There is no class %1. %2").arg(SafeText::quoted(name), hint));
 }
 
-std::unique_ptr<KpbAParameter> makeParameter(const ClassRegistry::Row& row, const QString& key)
+std::unique_ptr<KpbAParameter> makeParameter(const ClassRegistry::Row& row, const QString& key,
+                                             const ProjectContext& context)
 {
-    return row.make(key.isEmpty() ? row.name : key);
+    return row.makeIn(key.isEmpty() ? row.name : key, context);
 }
