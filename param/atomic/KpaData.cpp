@@ -240,12 +240,6 @@ KpaData* KpaData::duplicate(const QString& newKey) const
     return new KpaData(*this, newKey);
 }
 
-KsoDataFilter KpaData::_forApplication(KsoDataFilter filter) const
-{
-    filter.setApplicationFlags({getApplicationFlag()});
-    return filter;
-}
-
 void KpaData::setFilter(const KsoDataFilter& filter)
 {
     _configChangedIf(_config.setFilter(_forApplication(filter)));

@@ -47,15 +47,13 @@ public:
 };
 
 KpcCatalogCategories::KpcCatalogCategories(const QString& key, const KstITransactable& transactable)
-    : KpcGroup(KpbEType::CATALOG_CATEGORIES, key, transactable),
-      _renamed(std::make_unique<KpcRenamedRows>())
+    : KpcGroup(KpbEType::CATALOG_CATEGORIES, key, transactable)
 {
     _declare({*this, KpcChildren::Create});
 }
 
 KpcCatalogCategories::KpcCatalogCategories(const KpcCatalogCategories& other, const QString& newKey)
-    : KpcGroup(other, newKey),
-      _renamed(std::make_unique<KpcRenamedRows>())
+    : KpcGroup(other, newKey)
 {
     _declare({*this, KpcChildren::Rebind});
 }
@@ -209,14 +207,17 @@ void KpcCatalogCategories::update(const KpnModif& modif)
     lock.commit();
 }
 
-// Loading changes row after row: where the others keep what they say, only the changed row is looked at.
+// Loading changes row after row: only the changed one is looked at, and those that follow it.
 void KpcCatalogCategories::_followRenames(const KpnModif& modif)
 {
     const KuoPointer<KpbAParameter> self(this);
     const int changed = _changedRow(modif, std::exchange(_isAppending, false));
-    if (changed >= 0 && _followRename(changed))
+    if (changed >= 0 && _renamed) {
+        for (int rank = changed; rank >= 0; rank = self ? _renamed->findFollower(changed, rank) : -1)
+            _followRename(rank);
         return;
-    _renamed->clear();
+    }
+    _renamed = std::make_unique<KpcRenamedRows>();
     for (int rank = 0; self && rank < _categories->getItemCount(); ++rank)
         _followRename(rank);
 }
@@ -242,15 +243,15 @@ int KpcCatalogCategories::_changedRow(const KpnModif& modif, bool isAppending)
     return _lastChanged = _categories->getItemRank(static_cast<const KpcCatalogCategory*>(row));
 }
 
-// Gives whether that was enough; nothing has been done otherwise.
-bool KpcCatalogCategories::_followRename(int rank)
+void KpcCatalogCategories::_followRename(int rank)
 {
-    const KpcCatalogCategory& category = *_categories->getItemAt(rank);
-    KpcRenamedRows::Rename rename;
-    if (!category._is(Operation::ADD) && category._name->getValue() != category._operationValue->getValue())
-        rename = {category._name->getValue(), category._operationValue->getValue()};
-    const std::optional<QString> finalName = _renamed->look(rank, rename);
-    if (finalName && !rename.name.isEmpty())
-        category._operationValue->setValue(*finalName);
-    return finalName.has_value();
+    const KpcCatalogCategory* category = _categories->getItemAt(rank);
+    if (!category)
+        return;
+    const QString name = category->_name->getValue();
+    const QString target = category->_operationValue->getValue();
+    const bool renames = !category->_is(Operation::ADD) && name != target;
+    const QString finalName = _renamed->look(rank, renames ? name : QString(), target);
+    if (finalName != target)
+        category->_operationValue->setValue(finalName);
 }

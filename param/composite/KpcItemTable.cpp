@@ -11,9 +11,15 @@ KpbAParameter* KpcItemTable::find(const QString& key) const
 
 int KpcItemTable::rankOf(const KuoAObservable<KpnModif>* item) const
 {
+    for (const int rank : {_lastRank, _lastRank + 1}) {
+        if (rank >= 0 && rank < _items.size() && _items[rank] == item)
+            return _lastRank = rank;
+    }
     int rank = _items.size() - 1;
     while (rank >= 0 && _items[rank] != item)
         --rank;
+    if (rank >= 0)
+        _lastRank = rank;
     return rank;
 }
 

@@ -1,68 +1,72 @@
 #include "KpcRenamedRows.h"
 
-#include <limits>
+#include <iterator>
 
-void KpcRenamedRows::clear()
+QString KpcRenamedRows::look(int rank, const QString& name, const QString& target)
 {
-    *this = KpcRenamedRows();
-    _knowsAbove = _knowsRows = true;
+    _keep(rank, {});
+    if (name.isEmpty())
+        return target;
+    Row row;
+    row.name = _find(name);
+    row.target = _follow(_find(target), rank);
+    if (row.name != row.target)
+        _keep(rank, row);
+    return _names[std::size_t(row.target)].text;
 }
 
-std::optional<QString> KpcRenamedRows::look(int rank, const Rename& rename)
+int KpcRenamedRows::findFollower(int renaming, int rank) const
 {
-    if (_knowsAbove && rank >= _lastRank)
-        return _lookAtLast(rank, rename);
-    if (!_knowsRows || !_isAlone(rank, rename))
-        return std::nullopt;
-    _knowsAbove = false;
-    _keep(rank, rename);
-    return rename.target;
+    const int name = _rows[std::size_t(renaming)].name;
+    if (name < 0)
+        return -1;
+    const std::set<int>& followers = _names[std::size_t(name)].targetOf;
+    const auto found = followers.upper_bound(rank);
+    return found == followers.end() ? -1 : *found;
 }
 
-QString KpcRenamedRows::_lookAtLast(int rank, const Rename& rename)
+int KpcRenamedRows::_find(const QString& text)
 {
-    if (rename.name.isEmpty()) {
-        if (rank == _lastRank)
-            _last = {};
-        _keep(rank, {});
-        return {};
+    const auto found = _places.constFind(text);
+    if (found != _places.constEnd())
+        return *found;
+    const int place = int(_names.size());
+    _names.push_back({text, {}, {}});
+    _places.insert(text, place);
+    return place;
+}
+
+// From the last row above `rank` that renames the target, down the rows that rename on from there.
+int KpcRenamedRows::_follow(int target, int rank) const
+{
+    const std::set<int>& renaming = _names[std::size_t(target)].renamedBy;
+    auto row = renaming.lower_bound(rank);
+    if (row == renaming.begin())
+        return target;
+    for (int at = *std::prev(row); at < rank;) {
+        target = _rows[std::size_t(at)].target;
+        const std::set<int>& next = _names[std::size_t(target)].renamedBy;
+        row = next.upper_bound(at);
+        if (row == next.end())
+            break;
+        at = *row;
     }
-    if (rank > _lastRank && !_last.name.isEmpty())
-        _above.add(_last.name, _last.target);
-    _lastRank = rank;
-    _last = {rename.name, _above.follow(rename.target)};
-    _keep(rank, _last.name == _last.target ? Rename() : _last);
-    return _last.target;
+    return target;
 }
 
-/// Whether the row keeps what it says, and so do those below it.
-bool KpcRenamedRows::_isAlone(int rank, const Rename& rename) const
-{
-    if (rename.name.isEmpty())
-        return true;
-    const auto above = _names.lower_bound({rename.target, std::numeric_limits<int>::min()});
-    if (above != _names.end() && above->first == rename.target && above->second < rank)
-        return false;
-    const auto below = _targets.upper_bound({rename.name, rank});
-    return below == _targets.end() || below->first != rename.name;
-}
-
-void KpcRenamedRows::_keep(int rank, const Rename& rename)
+void KpcRenamedRows::_keep(int rank, const Row& row)
 {
     const auto index = std::size_t(rank);
-    if (index >= _rows.size()) {
-        if (rename.name.isEmpty())
-            return;
+    if (index >= _rows.size())
         _rows.resize(index + 1);
+    Row& kept = _rows[index];
+    if (kept.name >= 0) {
+        _names[std::size_t(kept.name)].renamedBy.erase(rank);
+        _names[std::size_t(kept.target)].targetOf.erase(rank);
     }
-    Rename& kept = _rows[index];
-    if (!kept.name.isEmpty()) {
-        _names.erase({kept.name, rank});
-        _targets.erase({kept.target, rank});
-    }
-    kept = rename;
-    if (!kept.name.isEmpty()) {
-        _names.insert({kept.name, rank});
-        _targets.insert({kept.target, rank});
+    kept = row;
+    if (kept.name >= 0) {
+        _names[std::size_t(kept.name)].renamedBy.insert(rank);
+        _names[std::size_t(kept.target)].targetOf.insert(rank);
     }
 }

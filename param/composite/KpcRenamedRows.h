@@ -1,47 +1,45 @@
 #pragma once
 
-#include "KpcCategoryRenames.h"
+#include <QtCore/QHash>
+#include <QtCore/QString>
 
-#include <optional>
 #include <set>
-#include <utility>
+#include <vector>
 
-/// The rows of a table that rename a category, as they were last seen, with the names that the categories get in the
-/// end. Seen so, no row renames to a name that a row above it renames.
+/// The rows of a table that rename a category, with the names that the categories get in the end: one that is renamed
+/// to the old name of a row above it gets the name which that row gets, and follows where rows in between lead from
+/// there.
 ///
-/// It is brought up to date row by row, from the first to the last, or for a row that has changed: in nearly constant
-/// time where the others need not be looked at again.
+/// Looking at a row takes time in proportion to the number of the renames that it follows, and not of the rows.
 class KpcRenamedRows
 {
 public:
-    /// A row without a `name` renames nothing.
-    struct Rename
-    {
-        QString name;
-        QString target;
-    };
-
-    /// No row has been seen.
-    void clear();
-    /// Takes what the row at `rank` says now, and gives the name that the category gets in the end. Nothing is taken
-    /// where all rows have to be looked at from the first on, behind a `clear()`.
-    std::optional<QString> look(int rank, const Rename& rename);
+    /// Takes what the row at `rank` says, and gives the name that its category gets in the end. A row with an empty
+    /// `name` renames nothing.
+    QString look(int rank, const QString& name, const QString& target);
+    /// The first row below `rank` that leads to the name which the row `renaming` renames, and has to be looked at
+    /// again therefore; -1 if there is none.
+    int findFollower(int renaming, int rank) const;
 
 private:
-    using Places = std::set<std::pair<QString, int>>;
+    struct Row
+    {
+        int name = -1;
+        int target = -1;
+    };
+    struct Name
+    {
+        QString text;
+        // The ranks of the rows that rename it, and of those that lead to it.
+        std::set<int> renamedBy;
+        std::set<int> targetOf;
+    };
 
-    QString _lookAtLast(int rank, const Rename& rename);
-    bool _isAlone(int rank, const Rename& rename) const;
-    void _keep(int rank, const Rename& rename);
+    int _find(const QString& text);
+    int _follow(int target, int rank) const;
+    void _keep(int rank, const Row& row);
 
-    std::vector<Rename> _rows;
-    // The ranks of those that rename, by the old and by the new name.
-    Places _names;
-    Places _targets;
-    // Of the rows above the last one that renames, unless one of them has changed since.
-    KpcCategoryRenames _above;
-    Rename _last;
-    int _lastRank = -1;
-    bool _knowsAbove = false;
-    bool _knowsRows = false;
+    std::vector<Row> _rows;
+    std::vector<Name> _names;
+    QHash<QString, int> _places;
 };

@@ -1,6 +1,5 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QScopeGuard>
-#include <QtCore/QSet>
 
 #include <basic/MbeError.h>
 #include <geos_python/MgmPythonDict.h>
@@ -399,13 +398,13 @@ void KpcSampleCategories::update(const KpnModif& modif)
 // The label may be a pattern that finds itself in what it has replaced, so what is set here is not looked at again.
 void KpcSampleCategories::_normaliseConditions(const KpnModif& modif, const KuoLock<KpnModif>& lock)
 {
-    const std::vector<KuoPointer<KpaString>> changed = _takeChangedConds(modif);
+    const std::map<int, KuoPointer<KpaString>> changed = _takeChangedConds(modif);
     if (changed.empty())
         return;
     const QRegularExpression auxName(QStringLiteral("\\b%1([0-9]+\\b)").arg(_auxLabel),
                                      QRegularExpression::CaseInsensitiveOption);
     const QString normalised = QStringLiteral("%1\\1").arg(_auxLabel);
-    for (const KuoPointer<KpaString>& cond : changed) {
+    for (const auto& [rank, cond] : changed) {
         if (!cond || !auxName.isValid())
             continue;
         const auto restore = qScopeGuard([this, &lock, outer = std::exchange(_normalised, cond.get())] {
@@ -416,33 +415,24 @@ void KpcSampleCategories::_normaliseConditions(const KpnModif& modif, const KuoL
     }
 }
 
-// In the order of the rules. A document sets the conditions one by one: for one of them the rules are not gone through.
-std::vector<KuoPointer<KpaString>> KpcSampleCategories::_takeChangedConds(const KpnModif& modif)
+std::map<int, KuoPointer<KpaString>> KpcSampleCategories::_takeChangedConds(const KpnModif& modif)
 {
-    QSet<KpaString*> changed;
+    std::map<int, KuoPointer<KpaString>> changed;
     modif.forEach([&](const KpnPath& path, Kp::NotificationFlags flags) {
-        KpaString* cond = (flags & (Kp::NotifyValue | Kp::NotifyItem)) ? _asCond(path.getFirst()) : nullptr;
-        if (cond && cond == _normalised)
+        auto* cond = dynamic_cast<KpaString*>(path.getFirst());
+        const int rank = cond && (flags & (Kp::NotifyValue | Kp::NotifyItem)) ? _rankOfRule(*cond) : -1;
+        if (rank >= 0 && cond == _normalised)
             _normalised = nullptr;
-        else if (cond)
-            changed.insert(cond);
+        else if (rank >= 0)
+            changed.try_emplace(rank, cond);
     });
-    std::vector<KuoPointer<KpaString>> conds;
-    if (changed.size() == 1)
-        conds.emplace_back(*changed.cbegin());
-    for (int i = 0; int(conds.size()) < changed.size() && i < getRulesCount(); ++i) {
-        KpaString* cond = getRuleParameter(i)->_cond;
-        if (changed.contains(cond))
-            conds.emplace_back(cond);
-    }
-    return conds;
+    return changed;
 }
 
-KpaString* KpcSampleCategories::_asCond(KpbAParameter* parameter) const
+int KpcSampleCategories::_rankOfRule(const KpaString& cond) const
 {
-    auto* text = dynamic_cast<KpaString*>(parameter);
-    const auto* rule = text ? dynamic_cast<KpcSampleCategoriesRule*>(text->getParent()) : nullptr;
-    return rule && rule->_cond == text && rule->getParent() == _rules ? text : nullptr;
+    const auto* rule = dynamic_cast<const KpcSampleCategoriesRule*>(cond.getParent());
+    return rule && rule->_cond == &cond ? _rules->getItemRank(rule) : -1;
 }
 
 void KpcSampleCategories::_nameNextRule()

@@ -22,4 +22,12 @@ protected:
     {
         this->_relay.setApplicationFlag(other.getApplicationFlag());
     }
+
+    /// `filter`, tied to the application of this parameter and to no other.
+    template <class Filter>
+    Filter _forApplication(Filter filter) const
+    {
+        filter.setApplicationFlags({getApplicationFlag()});
+        return filter;
+    }
 };

@@ -11,16 +11,14 @@ public:
 
     const Filter& getFilter() const { return this->_config.getFilter(); }
     /// The filter is tied to the application of this parameter, if it has one.
-    void setFilter(const Filter& filter) { this->_configChangedIf(this->_config.setFilter(_forApplication(filter))); }
+    void setFilter(const Filter& filter)
+    {
+        if constexpr (requires { this->getApplicationFlag(); })
+            this->_configChangedIf(this->_config.setFilter(this->_forApplication(filter)));
+        else
+            this->_configChangedIf(this->_config.setFilter(filter));
+    }
 
 protected:
     using KpaAItemsAtomic<Atomic>::KpaAItemsAtomic;
-
-private:
-    Filter _forApplication(Filter filter) const
-    {
-        if constexpr (requires { this->getApplicationFlag(); })
-            filter.setApplicationFlags({this->getApplicationFlag()});
-        return filter;
-    }
 };

@@ -36,7 +36,4 @@ public:
 
     void update(const KsmModifData& modif) override;
     void destroyed(const KuoAObservable<KsmModifData>* model) override;
-
-private:
-    KsoDataFilter _forApplication(KsoDataFilter filter) const;
 };

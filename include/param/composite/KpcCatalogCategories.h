@@ -42,10 +42,11 @@ private:
     std::vector<int> _rowsToRemove() const;
     void _followRenames(const KpnModif& modif);
     int _changedRow(const KpnModif& modif, bool isAppending);
-    bool _followRename(int rank);
+    void _followRename(int rank);
 
     KpcChild<KpaColor> _undefColor;
     KpcChild<Rows> _categories;
+    // As the rows were last looked at; null until they are.
     std::unique_ptr<KpcRenamedRows> _renamed;
     int _lastChanged = -1;
     // The next that is heard of the list is that a row has come behind all others, and nothing else.

@@ -21,7 +21,8 @@ public:
     /// Null for a rank out of range.
     KpbAParameter* at(int rank) const { return _items.value(rank); }
     KpbAParameter* find(const QString& key) const;
-    /// -1 for what is no item. Takes time in proportion to the distance from the end.
+    /// -1 for what is no item. Constant time for the item that was asked for last and the one behind it, else time in
+    /// proportion to the distance from the end.
     int rankOf(const KuoAObservable<KpnModif>* item) const;
     const QStringList& keys() const { return _keys; }
 
@@ -44,4 +45,6 @@ private:
     // The first item with each key, once somebody has looked for one among many.
     mutable QHash<QString, KpbAParameter*> _index;
     mutable bool _indexed = false;
+    // Whoever goes through the items asks for one after the other.
+    mutable int _lastRank = -1;
 };

@@ -9,7 +9,7 @@
 #include <param/composite/KpcSampleCategoriesRule.h>
 #include <param/list/KplDataList.h>
 
-#include <vector>
+#include <map>
 
 class KpaFlags;
 class KsoSampleCategories;
@@ -120,10 +120,10 @@ private:
 
     void _declare(KpcChildren children);
     void _normaliseConditions(const KpnModif& modif, const KuoLock<KpnModif>& lock);
-    /// The conditions that have changed but for the one that is being set here.
-    std::vector<KuoPointer<KpaString>> _takeChangedConds(const KpnModif& modif);
-    /// `parameter` as the condition of one of the rules, null if it is none.
-    KpaString* _asCond(KpbAParameter* parameter) const;
+    /// The conditions that have changed, by the rank of their rules, but for the one that is being set here.
+    std::map<int, KuoPointer<KpaString>> _takeChangedConds(const KpnModif& modif);
+    /// -1 for what is no condition of a rule of the list.
+    int _rankOfRule(const KpaString& cond) const;
     QString _prefixed(qint64 number) const;
     void _nameNextRule();
     void _updateFlags();

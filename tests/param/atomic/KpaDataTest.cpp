@@ -521,6 +521,17 @@ TEST(KpaData, TakesTheLevelOfRootsFromTheRootIfAsked)
     EXPECT_TRUE(watched.parameter.getRootIdent().isNull());
 }
 
+TEST(KpaData, TakesTheLevelOfARootThatItCannotHaveWithoutTellingIt)
+{
+    Watched watched;
+    DataProject another;
+    watched.parameter.setRootType(KsoEDataType::FILE);
+    const auto set = [&](KpaData& p) { p.setRootIdent(another.support("north", "holes", "assays"), true); };
+    EXPECT_EQ(watched.flagsOf(set), Flags());
+    EXPECT_TRUE(watched.parameter.getRootIdent().isNull());
+    EXPECT_EQ(watched.parameter.getRootType(), KsoEDataType::SUPPORT);
+}
+
 TEST(KpaData, TakesTheRootDirectoryForARootOfAnotherProject)
 {
     Watched watched;
@@ -934,6 +945,21 @@ TEST(KpaData, TellsWhatHappensToItsItem)
             << each.what;
         EXPECT_EQ(watched.parameter.getValue(), watched.au()) << each.what;
     }
+}
+
+TEST(KpaData, TellsByReason)
+{
+    Watched watched;
+    watched.parameter.setFilter(AnyData::variable());
+    watched.parameter.setValue(watched.au());
+    const auto flagsFor = [&](int reasons) {
+        return watched.flagsOf([&](KpaData& p) { p.update(KsmModifData(watched.au(), reasons)); });
+    };
+    for (const int told : {1, 2, 4, 8, 0x20000, 1 | 2 | 4 | 8 | 0x20000})
+        EXPECT_EQ(flagsFor(told), Flags{item}) << told;
+    for (const int silent : {16, 32, 64, 0x10000, 0x40000})
+        EXPECT_EQ(flagsFor(silent), Flags()) << silent;
+    EXPECT_EQ(watched.parameter.getValue(), watched.au());
 }
 
 TEST(KpaData, TellsThatItsItemHasBeenMade)

@@ -478,15 +478,20 @@ TEST(KpcCatalogCategories, ComesToTheSameAsAWalkOverAllRowsWhateverIsChanged)
             else if (random.bounded(8) == 0) {
                 Table::text(*t.categories->getItemAt(rank), "NAME").setValue(name);
                 expected[rank][1] = name;
+                if (expected[rank][0] == "EDIT" && expected[rank][2].isEmpty())
+                    expected[rank][2] = name;
             }
             else if (random.bounded(8) == 0) {
                 const QString operation = QStringList{"ADD", "EDIT", "REMOVE"}[random.bounded(3)];
                 Table::operation(*t.categories->getItemAt(rank)).setItemFromKey(operation);
                 expected[rank][0] = operation;
+                if (operation == "EDIT" && expected[rank][2].isEmpty())
+                    expected[rank][2] = expected[rank][1];
             }
             else {
-                t.newName(rank).setValue(name);
-                expected[rank][2] = name;
+                const bool blank = random.bounded(6) == 0;
+                t.newName(rank).setValue(blank ? QString() : name);
+                expected[rank][2] = !blank ? name : expected[rank][0] == "EDIT" ? expected[rank][1] : QString();
             }
             expected = settled(expected);
             ASSERT_EQ(t.rows(), expected) << "table " << table << ", step " << step;
@@ -494,38 +499,68 @@ TEST(KpcCatalogCategories, ComesToTheSameAsAWalkOverAllRowsWhateverIsChanged)
     }
 }
 
-TEST(KpcCatalogCategories, ReadsALargeTableInLittleTime)
+namespace {
+
+/// The stored form of a table that renames categories, as pairs of the old and the new name.
+QString storedRenames(const QList<std::pair<QString, QString>>& renames)
 {
     QString form = R"(<param key="T"><param key="CATEGORIES">)";
-    for (int i = 0; i < 20000; ++i) {
-        form += QString(R"(<param key="ITEM_%1"><param key="OPERATION">EDIT</param><param key="NAME">%1</param>)"
-                        R"(<param key="OPERATION_VALUE">%2</param></param>)")
-                    .arg(i + 1)
-                    .arg(i + 2);
+    int id = 0;
+    for (const auto& [name, newName] : renames) {
+        form += QString(R"(<param key="ITEM_%1"><param key="OPERATION">EDIT</param><param key="NAME">%2</param>)"
+                        R"(<param key="OPERATION_VALUE">%3</param></param>)")
+                    .arg(QString::number(++id), name, newName);
     }
+    return form + "</param></param>";
+}
+
+/// Renames each of `prefix` 1 to `prefix` `count` to the name `step` further on.
+QString storedChain(const QString& prefix, int count, int step)
+{
+    QList<std::pair<QString, QString>> renames;
+    for (int i = 1; i <= count; ++i)
+        renames.append({prefix + QString::number(i), prefix + QString::number(i + step)});
+    return storedRenames(renames);
+}
+
+} // namespace
+
+TEST(KpcCatalogCategories, ReadsALargeTableInLittleTime)
+{
     const Table t;
-    SerializerTest::read(*t.table, form + "</param></param>");
-    EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "20000", "20001"}));
+    SerializerTest::read(*t.table, storedChain("Rock ", 20000, 1));
+    EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "Rock 20000", "Rock 20001"}));
 }
 
 TEST(KpcCatalogCategories, ReadsALargeTableOverAnotherInLittleTime)
 {
-    const auto form = [](const QString& names) {
-        QString text = R"(<param key="T"><param key="CATEGORIES">)";
-        for (int i = 0; i < 8000; ++i) {
-            text += QString(R"(<param key="ITEM_%2"><param key="OPERATION">EDIT</param><param key="NAME">%1%2</param>)"
-                            R"(<param key="OPERATION_VALUE">%1%3</param></param>)")
-                        .arg(names)
-                        .arg(i + 1)
-                        .arg(i + 2);
-        }
-        return text + "</param></param>";
-    };
     const Table t;
-    SerializerTest::read(*t.table, form("Rock "));
-    SerializerTest::read(*t.table, form("Soil "));
+    SerializerTest::read(*t.table, storedChain("Rock ", 8000, 1));
+    SerializerTest::read(*t.table, storedChain("Soil ", 8000, 1));
     EXPECT_EQ(t.rows().first(), QStringList({"EDIT", "Soil 1", "Soil 2"}));
     EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "Soil 8000", "Soil 8001"}));
+}
+
+TEST(KpcCatalogCategories, ReadsALargeTableWhoseRowsFollowTheOnesAboveOverAnotherInLittleTime)
+{
+    const Table t;
+    SerializerTest::read(*t.table, storedChain("Rock ", 8000, -1));
+    SerializerTest::read(*t.table, storedChain("Soil ", 8000, -1));
+    EXPECT_EQ(t.rows().first(), QStringList({"EDIT", "Soil 1", "Soil 0"}));
+    EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "Soil 8000", "Soil 0"}));
+}
+
+TEST(KpcCatalogCategories, FollowsALongChainFromItsBeginningInLittleTime)
+{
+    QList<std::pair<QString, QString>> renames;
+    for (int i = 1; i <= 5000; ++i)
+        renames.append({QString::number(i), QString::number(i + 1)});
+    for (int i = 5002; i <= 10000; ++i)
+        renames.append({QString::number(i), "1"});
+    const Table t;
+    SerializerTest::read(*t.table, storedRenames(renames));
+    EXPECT_EQ(t.rows().first(), QStringList({"EDIT", "1", "2"}));
+    EXPECT_EQ(t.rows().last(), QStringList({"EDIT", "10000", "5001"}));
 }
 
 TEST(KpcCatalogCategories, AddsAndDropsManyCategoriesInLittleTime)

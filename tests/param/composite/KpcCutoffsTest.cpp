@@ -648,6 +648,18 @@ TEST(KpcCutoffs, ForgetsItsAutomaticValues)
     EXPECT_EQ(c.cutoffs->getValues(), Values({1, 2}));
 }
 
+TEST(KpcCutoffs, KeepsTheAutomaticValuesThatItsListIsTakingWhenTheyAreToBeForgotten)
+{
+    const Cut c({9});
+    c.cutoffs->setAutoValues({1, 2});
+    ActingObserver observer(*c.list, [&] { c.cutoffs->unsetAutoValues(); });
+    c.cutoffs->resetToAutomaticValue();
+    EXPECT_FALSE(c.cutoffs->isAutomaticValueInitialized());
+    EXPECT_TRUE(c.list->isAutomaticValueInitialized());
+    EXPECT_EQ(c.cutoffs->getAutoValues(), Values({1, 2}));
+    EXPECT_EQ(c.cutoffs->getValues(), Values({1, 2}));
+}
+
 TEST(KpcCutoffs, CopiesItsStateAndReactsOnItsOwn)
 {
     const Registered grades("Grades", MbuEUnitClass::NONE, {5, 6});

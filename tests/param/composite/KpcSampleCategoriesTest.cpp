@@ -341,6 +341,19 @@ TEST(KpcSampleCategories, NormalisesInTheOrderOfTheRules)
     }
 }
 
+TEST(KpcSampleCategories, LeavesTheConditionOfARuleThatIsOutOfTheListByThen)
+{
+    Categories categories;
+    categories.addRule("rule");
+    KpaString* cond = categories.cond(0);
+    KpcList<KpcSampleCategoriesRule>* rules = categories.param.getRulesListParameter();
+    KuoLock<KpnModif> lock(rules);
+    cond->setValue("aux1");
+    const std::unique_ptr<KpcSampleCategoriesRule> taken(rules->takeItemAt(0));
+    lock.commit();
+    EXPECT_EQ(cond->getValue(), "aux1");
+}
+
 TEST(KpcSampleCategories, SettingALabelLeavesTheConditions)
 {
     Categories categories;
@@ -592,6 +605,13 @@ TEST(KpcSampleCategories, TakesRootsThatAreAFileOrASupport)
     EXPECT_FALSE(list->isRelative());
 }
 
+TEST(KpcSampleCategories, AsksNothingOfARootWhoseTypeItDoesNotTake)
+{
+    Categories categories;
+    EXPECT_NO_THROW(categories.param.setRootIdent(categories.project.model->getRootDirectory(), false));
+    EXPECT_EQ(categories.param.getVariableListParameter()->getRootType(), KsoEDataType::SUPPORT);
+}
+
 TEST(KpcSampleCategories, RefusesOtherRoots)
 {
     Categories categories;
@@ -834,6 +854,7 @@ TEST(KpcSampleCategories, StopsAtWhatIsNoVariable)
     categories.param.addVariable(categories.project.support());
     ASSERT_EQ(categories.param.getVariable(1), categories.project.support());
     categories.addRule("", "AUX1 >");
+    const BracketTranslator translator;
     EXPECT_EQ(categories.messages(false), QStringList({"Invalid AUX2 variable"}));
 }
 
@@ -885,6 +906,20 @@ TEST(KpcSampleCategories, ShowsItselfInLines)
                                            " Variable 2 : Cu\n"
                                            "Number of combined rules: 1\n"
                                            " Rule 1 : %2 : AUX1 > %1");
+}
+
+TEST(KpcSampleCategories, TranslatesTheNumberOfVariablesAlone)
+{
+    Categories categories;
+    categories.param.setLabel("Rock types");
+    categories.addVariable("Au");
+    categories.addRule("Sand", "AUX1 > 0");
+    const BracketTranslator translator;
+    EXPECT_EQ(categories.param.toString(), "Rock types\n"
+                                           "[Number of input variables: 1]\n"
+                                           " Variable 1 : Au\n"
+                                           "Number of combined rules: 1\n"
+                                           " Rule 1 : Sand : AUX1 > 0");
 }
 
 TEST(KpcSampleCategories, ACopyHasTheFourMembersAndChildrenOfItsOwn)
@@ -997,6 +1032,19 @@ TEST(KpcSampleCategoriesRule, TakesOverAnother)
     EXPECT_EQ(observer.records.size(), 1);
     categories.param.getRuleParameter(1)->resetFromParam(nullptr);
     EXPECT_EQ(observer.records.size(), 1);
+}
+
+TEST(KpcSampleCategoriesRule, TakesOverTheColorThenTheNameThenTheCondition)
+{
+    Categories categories;
+    categories.param.addRule(QColor(1, 2, 3), "Sand", "AUX1 > 0");
+    categories.param.addRule(QColor(4, 5, 6), "Clay", "AUX1 < 0");
+    QStringList order;
+    const ActingObserver cond(*categories.cond(1), [&] { order.append("COND"); });
+    const ActingObserver name(*categories.name(1), [&] { order.append("NAME"); });
+    const ActingObserver color(*categories.color(1), [&] { order.append("COLOR"); });
+    categories.param.getRuleParameter(1)->resetFromParam(categories.param.getRuleParameter(0));
+    EXPECT_EQ(order, QStringList({"COLOR", "NAME", "COND"}));
 }
 
 TEST(KpcSampleCategoriesRule, ShowsItsNameAndCondition)
