@@ -438,6 +438,57 @@ TEST(KpcSampleCategories, ANewPrefixBeginsWithTheNumber1)
     EXPECT_EQ(categories.nextName(), "( 1");
 }
 
+TEST(KpcSampleCategories, NormalisesConditionsWhoseValueOrItemHasChanged)
+{
+    for (const auto& [flag, expected] : {std::pair(Kp::NotifyValue, "VAR1"), std::pair(Kp::NotifyConfig, "var1"),
+                                         std::pair(Kp::NotifyChildren, "var1"), std::pair(Kp::NotifyItem, "VAR1")})
+    {
+        Categories categories;
+        categories.addRule("rule", "var1");
+        categories.param.setAuxLabel("VAR");
+        categories.param.update(KpnModif(flag, categories.cond(0)));
+        EXPECT_EQ(categories.param.getRuleCond(0), expected) << flag;
+    }
+}
+
+TEST(KpcSampleCategories, LeavesWhatIsNoCondition)
+{
+    Categories categories;
+    categories.prototype()->getChild("COND")->unserialize({{"value", "aux1"}});
+    categories.addRule("aux1");
+    EXPECT_EQ(categories.param.getRuleName(0), "aux1");
+    EXPECT_EQ(dynamic_cast<KpaString*>(categories.prototype()->getChild("COND"))->getValue(), "aux1");
+}
+
+TEST(KpcSampleCategories, NamesTheNextRuleOnlyWhereRulesComeGoOrMove)
+{
+    Categories categories;
+    categories.addRule("Category 3");
+    const QColor color = categories.nextColor();
+    categories.name(0)->setValue("Category 8");
+    categories.cond(0)->setValue("AUX1");
+    EXPECT_EQ(categories.nextName(), "Category 4");
+    EXPECT_EQ(categories.nextColor(), color);
+    categories.addRule("x");
+    EXPECT_EQ(categories.nextName(), "Category 9");
+    categories.name(1)->setValue("Category 20");
+    categories.param.moveRuleUp(1);
+    EXPECT_EQ(categories.nextName(), "Category 21");
+}
+
+TEST(KpcSampleCategories, OffersFlagsWhereTheValueOrAnItemOfTheVariablesHasChanged)
+{
+    for (const auto& [flag, expected] : {std::pair(Kp::NotifyValue, 1), std::pair(Kp::NotifyConfig, 0),
+                                         std::pair(Kp::NotifyChildren, 0), std::pair(Kp::NotifyItem, 1)})
+    {
+        Categories categories;
+        categories.addVariable("Au");
+        categories.param.getFlags()->setFlagFromKey("Au", false);
+        categories.param.update(KpnModif(flag, categories.param.getVariableListParameter()));
+        EXPECT_EQ(categories.param.getFlags()->getCheckedCount(), expected) << flag;
+    }
+}
+
 TEST(KpcSampleCategories, NormalisesThenNamesThenOffersFlags)
 {
     Categories categories;
@@ -1052,4 +1103,21 @@ TEST(KpcSampleCategoriesRule, ShowsItsNameAndCondition)
     Categories categories;
     categories.addRule("Sand", "AUX1 > 0");
     EXPECT_EQ(categories.param.getRuleParameter(0)->toString(), "Sand : AUX1 > 0");
+}
+
+TEST(KpcSampleCategoriesRule, ACopyHasItsValuesAndIsSetUpTheSame)
+{
+    Categories categories;
+    categories.param.addRule(QColor(1, 2, 3, 4), "Sand", "AUX1 > 0");
+    const KpcSampleCategoriesRule& rule = *categories.param.getRuleParameter(0);
+    const std::unique_ptr<KpcSampleCategoriesRule> copy(rule.duplicate("COPY"));
+    EXPECT_EQ(copy->getKey(), "COPY");
+    EXPECT_EQ(std::unique_ptr<KpcSampleCategoriesRule>(rule.duplicate(""))->getKey(), rule.getKey());
+    EXPECT_EQ(copy->toString(), "Sand : AUX1 > 0");
+    EXPECT_EQ(dynamic_cast<KpaColor*>(copy->getChild("COLOR"))->getValue(), QColor(1, 2, 3, 4));
+    auto* cond = dynamic_cast<KpaString*>(copy->getChild("COND"));
+    cond->setValue("  aux1 ");
+    EXPECT_EQ(cond->getValue(), "aux1");
+    EXPECT_FALSE(cond->isClearEnabled());
+    EXPECT_EQ(rule.toString(), "Sand : AUX1 > 0");
 }
