@@ -25,6 +25,7 @@ KpwDataRootSynchronizer::KpwDataRootSynchronizer() = default;
 KpwDataRootSynchronizer::KpwDataRootSynchronizer(const KpwDataRootSynchronizer& other, const KpcGroup* newParent)
     : KpwAWatcher(other, newParent),
       _dataset(other._duplicateChildRef(other._dataset.get(), newParent)),
+      _root(_dataset ? _dataset->getRootParameter() : nullptr),
       _targetData(other._duplicateChildRefs(other._targetData, newParent)),
       _targetDataLists(other._duplicateChildRefs(other._targetDataLists, newParent))
 {}
@@ -49,8 +50,9 @@ void KpwDataRootSynchronizer::setDataset(KpcDataset* dataset)
     _checkPlace(dataset, QStringLiteral("void __cdecl KpwDataRootSynchronizer::setDataset(class KpcDataset *)"));
     clear();
     _dataset = dataset;
+    _root = dataset ? dataset->getRootParameter() : nullptr;
     if (dataset)
-        _registerTrigger(dataset->getRootParameter(), Kp::NotifyValue);
+        _registerTrigger(_root.get(), Kp::NotifyValue);
 }
 
 template <class Target>
@@ -85,10 +87,9 @@ void KpwDataRootSynchronizer::removeTargetData(KpaData* target)
 
 void KpwDataRootSynchronizer::_trigger(const KpnModif&)
 {
-    const KpaData* rootParameter = _dataset ? _dataset->getRootParameter() : nullptr;
-    if (!rootParameter)
+    if (!_root)
         return;
-    const KsoDataIdentifier root = rootParameter->getValue();
+    const KsoDataIdentifier root = _root->getValue();
     const QList<KuoPointer<KplDataList>> lists = _targetDataLists;
     setRoots(_targetData, root);
     setRoots(lists, root);

@@ -78,7 +78,8 @@ QByteArray KsbValues::encode(const MbdEVarType& type, const std::vector<double>&
         const auto stored = toStored(form, values);
         using Stored = typename std::decay_t<decltype(stored)>::value_type;
         QByteArray bytes(int(stored.size() * sizeof(Stored)), Qt::Uninitialized);
-        qToLittleEndian<Stored>(stored.data(), qsizetype(stored.size()), bytes.data());
+        if (!stored.empty())
+            qToLittleEndian<Stored>(stored.data(), qsizetype(stored.size()), bytes.data());
         return bytes;
     });
 }
@@ -89,6 +90,8 @@ std::vector<double> KsbValues::decode(const MbdEVarType& type, const QByteArray&
         using Stored = decltype(std::decay_t<decltype(form)>::undefined);
         if (qint64(bytes.size()) != qint64(count) * qint64(sizeof(Stored)))
             failDamaged();
+        if (count == 0)
+            return std::vector<double>();
         std::vector<Stored> stored;
         stored.resize(std::size_t(count));
         qFromLittleEndian<Stored>(bytes.constData(), count, stored.data());

@@ -46,6 +46,7 @@ public:
     Item* getValidItemFromId(int id) const { return _valid(getItemFromId(id), id); }
     Item* findItem(const QString& name) const override { return _byName.value(name); }
 
+    /// Null if an observer has removed the item, or destroyed the model, by the time it is given back.
     Item* create(const QString& name, const Content& content = Content());
     /// Nothing happens where the name is the same.
     void rename(Item* item, const QString& name);
@@ -62,10 +63,11 @@ protected:
         : KuoAObservable<Modif>(),
           KsmANamedItemModel(project),
           _store(driver, QLatin1String(Kind::StoreName))
-    {
-        _load();
-    }
+    {}
 
+    /// Reads the items from the store. Each derived model does so as it is constructed: items refer to that class, of
+    /// which there is nothing yet while this base is constructed.
+    Modif _load();
     /// Stores `content` as that of the item and tells `reasons`, or whatever `modif` says; nothing where it is the
     /// same.
     void _edit(Item* item, const Content& content, int reasons);
@@ -79,7 +81,6 @@ private:
     static Modif _told(const Identifier& ident, int reasons);
     std::unique_ptr<Item> _make(const KsmNamedStore::Record& record);
     static KsmNamedStore::Record _record(const Item* item);
-    Modif _load();
     static void _takeOver(Item& item, const Item& loaded, Modif& modif);
     void _index();
     void _indexItem(Item* item);
@@ -243,8 +244,10 @@ auto KsmANamedModel<Kind>::create(const QString& name, const Content& content) -
     _userItems.push_back(_make(record));
     Item* item = _userItems.back().get();
     _indexItem(item);
-    _tell(_told(item->getIdentifier(), KsmReason::Created));
-    return item;
+    const Identifier ident = item->getIdentifier();
+    _tell(_told(ident, KsmReason::Created));
+    // Observers may have removed the item, or destroyed the project.
+    return ident.getModel() ? getItemFromId(record.id) : nullptr;
 }
 
 template <class Kind>
@@ -300,8 +303,9 @@ auto KsmANamedModel<Kind>::addBuiltIn(const QString& name, const Content& conten
         std::unique_ptr<Item>(new Item(static_cast<typename Kind::Model*>(this), id, name, _storable(content))));
     _index();
     Item* item = _builtInItems.back().get();
-    _tell(_told(item->getIdentifier(), KsmReason::BuiltIn));
-    return item;
+    const Identifier ident = item->getIdentifier();
+    _tell(_told(ident, KsmReason::BuiltIn));
+    return ident.getModel() ? item : nullptr;
 }
 
 template <class Kind>

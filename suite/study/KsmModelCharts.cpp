@@ -204,7 +204,10 @@ bool KsoChartsFilter::check(const KsoChartsIdentifier& ident) const
     return (!item || check(item)) && (ident.exists() || isNewAccepted());
 }
 
-KsmModelCharts::KsmModelCharts(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver) {}
+KsmModelCharts::KsmModelCharts(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver)
+{
+    _load();
+}
 
 KsmModelCharts::~KsmModelCharts() = default;
 

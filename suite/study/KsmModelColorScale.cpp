@@ -39,6 +39,7 @@ QVector<QColor> KsoColorScaleKind::read(const QJsonObject& json)
 
 KsmModelColorScale::KsmModelColorScale(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver)
 {
+    _load();
     // The name is stored, so it must be the same in all languages.
     for (const KugPalette& palette : KugPaletteService::getPalettes())
         addBuiltIn(palette.getId(), palette.getColors());

@@ -286,20 +286,22 @@ KsoADataItem* KsmModelData::_create(KsoADataItem* parent, const KsoEDataType& ty
     _requireOwn(parent);
     _requirePlace(parent, type);
     _requireName(parent, type, name);
-    KsoADataItem* created = nullptr;
+    KsoDataIdentifier ident;
+    int id = 0;
     _change([&] {
-        const int id =
-            _driver->insert(modelName, {0, parent->getId(), type.getValue(), name, KsbJson::toText(attributes)});
+        id = _driver->insert(modelName, {0, parent->getId(), type.getValue(), name, KsbJson::toText(attributes)});
         if (content)
             _driver->writeContent(id, 0, *content);
         auto item = _newItem(type, id, name);
         item->_setAttributes(attributes);
-        created = item.get();
+        KsoADataItem* created = item.get();
         _insert(std::move(item), parent);
         _step->undo.emplace_back([this, created] { _take(created); });
-        _step->modif.add(created->getIdentifier(), KsmModifData::Created);
+        ident = created->getIdentifier();
+        _step->modif.add(ident, KsmModifData::Created);
     });
-    return created;
+    // Observers may have removed the item, or destroyed the project.
+    return ident.getModel() ? getItemFromId(id) : nullptr;
 }
 
 KsoDataDirectory* KsmModelData::createDirectory(KsoDataDirectory* parent, const QString& name)

@@ -28,7 +28,8 @@ struct KsbItemRecord;
 /// Each change is stored first, then made here, then told to the observers in one record. What fails throws an
 /// `MbeError` and leaves the store and the tree as they were, and nothing is told. An item that is null, gone or of
 /// another model is an `MbeProgrammingError`. A name that is taken under the same parent, or that is none, is an
-/// `MbeUserError`.
+/// `MbeUserError`. An item that is made is null if an observer has removed it, or destroyed the model, by the time it
+/// is given back.
 class KESTRIN_STUDY_EXPORT KsmModelData : public KuoAObservable<KsmModifData>, public KsmAItemModel
 {
 public:

@@ -71,7 +71,9 @@ MbdEnumCatalog KsoEnumCatalog::getCatalog() const
 }
 
 KsmModelEnumCatalog::KsmModelEnumCatalog(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver)
-{}
+{
+    _load();
+}
 
 KsmModelEnumCatalog::~KsmModelEnumCatalog() = default;
 

@@ -38,7 +38,10 @@ MbbOrderedMap<QString, QString> KsoGeosSetKind::read(const QJsonObject& json)
     return documents;
 }
 
-KsmModelGeosSet::KsmModelGeosSet(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver) {}
+KsmModelGeosSet::KsmModelGeosSet(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver)
+{
+    _load();
+}
 
 KsmModelGeosSet::~KsmModelGeosSet() = default;
 

@@ -87,7 +87,9 @@ QList<KsoDataIdentifier> KsoNeighborhood::_idents(const QList<KsoNeighborhoodDef
 
 KsmModelNeighborhood::KsmModelNeighborhood(KssProject* project, KsbIDriverItem* driver)
     : KsmANamedModel(project, driver)
-{}
+{
+    _load();
+}
 
 KsmModelNeighborhood::~KsmModelNeighborhood() = default;
 

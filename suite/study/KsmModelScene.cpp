@@ -45,7 +45,10 @@ KugScene KsoSceneKind::read(const QJsonObject& json)
     return scene;
 }
 
-KsmModelScene::KsmModelScene(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver) {}
+KsmModelScene::KsmModelScene(KssProject* project, KsbIDriverItem* driver) : KsmANamedModel(project, driver)
+{
+    _load();
+}
 
 KsmModelScene::~KsmModelScene() = default;
 

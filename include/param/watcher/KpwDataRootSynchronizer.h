@@ -37,6 +37,8 @@ private:
     void _addTarget(QList<KuoPointer<Target>>& targets, Target* target, const QString& signature);
 
     KuoPointer<KpcDataset> _dataset;
+    // That of the dataset. It is the first to go: while a dataset dies, it is not asked for it.
+    KuoPointer<KpaData> _root;
     QList<KuoPointer<KpaData>> _targetData;
     QList<KuoPointer<KplDataList>> _targetDataLists;
 };

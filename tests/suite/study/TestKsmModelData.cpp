@@ -502,10 +502,29 @@ TEST_F(KsmModelDataTest, CanBeDestroyedByItsObserver)
     };
     Observer observer(project);
 
-    data->createDirectory(a, "x");
+    EXPECT_EQ(data->createDirectory(a, "x"), nullptr);
 
     EXPECT_EQ(project, nullptr);
     EXPECT_EQ(observer.deaths, 1);
+}
+
+TEST_F(KsmModelDataTest, GivesNothingBackThatItsObserverHasRemoved)
+{
+    struct Observer : DataObserver
+    {
+        using DataObserver::DataObserver;
+        void update(const KsmModifData& modif) override
+        {
+            for (const KsoDataIdentifier& ident : modif.getIdentifiers()) {
+                if (ident.exists())
+                    ident.getModel()->remove(ident.getDataItem());
+            }
+        }
+    };
+    const Observer observer(data);
+
+    EXPECT_EQ(data->createDirectory(a, "x"), nullptr);
+    EXPECT_EQ(a->getChildItem(KsoEDataType::DIRECTORY, "x"), nullptr);
 }
 
 /// A store that fails when it is told to.

@@ -52,6 +52,26 @@ bool throws(const std::function<void()>& body)
 
 } // namespace
 
+TYPED_TEST(NamedModel, GivesNothingBackThatItsObserverHasRemoved)
+{
+    struct Observer : KuoIObserver<typename TypeParam::Modif>
+    {
+        explicit Observer(typename TypeParam::Model* model) : model(model) { model->addObserver(this); }
+        ~Observer() override { model->removeObserver(this); }
+        void update(const typename TypeParam::Modif&) override
+        {
+            while (!model->getUserItems().isEmpty())
+                model->remove(model->getUserItems().first());
+        }
+        void destroyed(const KuoAObservable<typename TypeParam::Modif>*) override {}
+        typename TypeParam::Model* model;
+    };
+    const Observer observer(this->model);
+
+    EXPECT_EQ(this->model->create("North", this->some()), nullptr);
+    EXPECT_EQ(this->userNames(), QStringList());
+}
+
 TYPED_TEST(NamedModel, HasNoUserItemsAtFirst)
 {
     EXPECT_EQ(this->userNames(), QStringList());
