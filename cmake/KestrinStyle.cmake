@@ -2,8 +2,8 @@
 # them.
 
 file(GLOB_RECURSE KESTRIN_STYLED_FILES CONFIGURE_DEPENDS
-    apps/*.cpp apps/*.h bench/*.cpp bench/*.h include/*.h param/*.cpp param/*.h suite/*.cpp suite/*.h
-    tests/*.cpp tests/*.h cmake/*.h)
+    apps/*.cpp apps/*.h bench/*.cpp bench/*.h fuzz/*.cpp fuzz/*.h include/*.h param/*.cpp param/*.h
+    suite/*.cpp suite/*.h tests/*.cpp tests/*.h cmake/*.h)
 # Other versions of the formatter break lines elsewhere.
 find_program(KESTRIN_CLANG_FORMAT NAMES clang-format-14)
 find_program(KESTRIN_RUN_CLANG_TIDY NAMES run-clang-tidy run-clang-tidy-14)

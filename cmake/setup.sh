@@ -1,10 +1,11 @@
-# What ./demo and ./test share; they source it. It enters the project's root folder, and gives the functions that
-# install the packages and build. A relative path among the caller's arguments is one below $called_from.
+# What ./demo, ./test and fuzz/run share; they source it. It enters the project's root folder, and gives the functions
+# that install the packages and build. A relative path among the caller's arguments is one below $called_from.
 # shellcheck shell=bash
 
 set -euo pipefail
 # shellcheck disable=SC2034 # read by the scripts that source this one
 called_from=$PWD
+script=$(realpath "$0")
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 
 package_list=cmake/debian-packages.txt
@@ -21,7 +22,7 @@ fail() {
 # Prints the comment that opens the calling script, if the argument asks for help, and ends.
 help_if_asked() {
     case ${1-} in
-    -h | --help) sed -n '2,/^$/s/^# \{0,1\}//p' "${0##*/}" && exit ;;
+    -h | --help) sed -n '2,/^$/s/^# \{0,1\}//p' "$script" && exit ;;
     esac
 }
 
