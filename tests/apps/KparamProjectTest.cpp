@@ -70,8 +70,9 @@ TEST_F(KparamProject, IsWhereDataAreChosenFromEntryByEntryOrByLocation)
     const QStringList set = {"set", "--as", "DemoSurvey", "--project", "mine.study", "survey.xml"};
     const QByteArray root = " <param key=\"DATA\">\n  <param key=\"ROOT\">\n   <path/>\n   <file>holes</file>\n"
                             "  </param>\n  <param key=\"GRADE\">\n   <name>Au</name>\n  </param>\n";
-    for (const char* place : {"DATA/ROOT/file=holes", "DATA/ROOT/url=%1?path=&file=holes#data"}) {
-        const QString assignment = QString(place).replace("%1", QUrl::fromLocalFile(path("mine.study")).toString());
+    const QString url = QUrl::fromLocalFile(path("mine.study")).toString();
+    for (const QString& entry : {QString("file=holes"), "url=" + url + "?path=&file=holes#data"}) {
+        const QString assignment = "DATA/ROOT/" + entry;
         const KparamRun chosen = run(set + QStringList{assignment, "DATA/GRADE/name=Au", "-o", "chosen.xml"});
         EXPECT_EQ(chosen.code, 0) << chosen.err.toStdString();
         EXPECT_TRUE(read("chosen.xml").contains(root)) << read("chosen.xml").toStdString();

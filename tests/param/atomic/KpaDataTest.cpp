@@ -1106,6 +1106,7 @@ TEST(KpaData, LeavesTheModelWhenItDies)
         const KpaData copy(parameter, QString());
     }
     data.model->remove(data.file("north", "holes").getDataItem());
+    EXPECT_FALSE(data.file("north", "holes").exists());
     data.project.reset();
 }
 
